@@ -1,0 +1,36 @@
+# Every library the project uses, once; README.md says why each is there.
+find_package(Threads REQUIRED)
+find_package(PkgConfig REQUIRED)
+find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Network Qml Quick QuickWidgets Test)
+find_package(Boost 1.67 REQUIRED COMPONENTS system)
+find_package(cpprestsdk REQUIRED)
+find_package(OpenSSL REQUIRED)
+find_package(spdlog REQUIRED)
+find_package(CLI11 REQUIRED)
+find_package(tomlplusplus REQUIRED)
+find_package(SQLite3 REQUIRED)
+find_package(yaml-cpp REQUIRED)
+find_package(CURL REQUIRED)
+find_package(date REQUIRED)
+pkg_check_modules(sodium REQUIRED IMPORTED_TARGET libsodium)
+
+# SOCI ships no CMake package on Debian.
+find_library(SOCI_CORE soci_core REQUIRED)
+find_library(SOCI_SQLITE3 soci_sqlite3 REQUIRED)
+find_path(SOCI_INCLUDE soci/soci.h REQUIRED)
+add_library(soci INTERFACE)
+target_include_directories(soci SYSTEM INTERFACE ${SOCI_INCLUDE})
+target_link_libraries(soci INTERFACE ${SOCI_CORE} ${SOCI_SQLITE3} SQLite::SQLite3)
+if(DISCLOSURE_SANITIZE)
+    # Its library hides the type information that this one check asks for.
+    target_compile_options(soci INTERFACE -fno-sanitize=vptr)
+endif()
+
+find_path(RAPIDJSON_INCLUDE rapidjson/document.h REQUIRED)
+add_library(rapidjson INTERFACE)
+target_include_directories(rapidjson SYSTEM INTERFACE ${RAPIDJSON_INCLUDE})
+
+if(DISCLOSURE_TESTS)
+    find_package(GTest REQUIRED)
+    find_package(benchmark REQUIRED)
+endif()

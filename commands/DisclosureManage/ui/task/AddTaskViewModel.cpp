@@ -1,0 +1,276 @@
+#include "commands/DisclosureManage/ui/task/AddTaskViewModel.h"
+
+#include <QDateTime>
+
+#include "commands/DisclosureManage/ui/DisclosureManager.h"
+#include "commands/DisclosureManage/ui/Notice.h"
+#include "commands/DisclosureManage/ui/task/SelectOwnerWnd.h"
+#include "commands/DisclosureManage/ui/task/SelectReceiverWnd.h"
+#include "commands/DisclosureManage/ui/task/TaskRules.h"
+#include "sdk/basecore/IBaseCoreData.h"
+#include "sdk/basecore/ManagerNames.h"
+#include "sdk/basetools/Uuid.h"
+#include "sdk/packages/disclosure/IDisclosureManageMgr.h"
+#include "sdk/packages/documents/IKpxDocOperMgr.h"
+#include "ui/common/WideText.h"
+
+using BASECORE::FRAME::LookupManager;
+using BASEPACKAGE::UserRecord;
+using DISCLOSUREPACKAGE::IDisclosureManageMgr;
+using DISCLOSUREPACKAGE::TaskDocRecord;
+using DISCLOSUREPACKAGE::TaskReceiveUserRecord;
+using DISCLOSUREPACKAGE::UploadedFileRecord;
+
+namespace {
+
+const QString kDateFormat = QStringLiteral("yyyy-MM-dd");
+
+DOCUMENTPACKAGE::IKpxDocOperMgr* documentOpener() {
+    return LookupManager<DOCUMENTPACKAGE::IKpxDocOperMgr>(BASECORE::NAMES::kDocumentOperations);
+}
+
+QString shownDate(int64_t mills) {
+    return mills > 0 ? QDateTime::fromMSecsSinceEpoch(mills).toString(kDateFormat) : QString();
+}
+
+std::vector<UserRecord> receiversOf(const DISCLOSUREPACKAGE::TaskRecord& task) {
+    std::vector<UserRecord> people;
+    for (const auto& receiver : task.disclosureTaskReceiveUserList)
+        people.push_back({receiver.userName, receiver.userRealname, receiver.userHeadUuid, {}});
+    return people;
+}
+
+TaskDocRecord linkTo(const UploadedFileRecord& file) {
+    TaskDocRecord doc;
+    doc.id = file.id;
+    doc.ppid = file.ppid;
+    doc.name = file.name;
+    doc.uuid = file.uuid;
+    doc.md5 = file.md5;
+    doc.size = file.size;
+    doc.extension = file.extension;
+    doc.sourceType = file.sourceType;
+    return doc;
+}
+
+}  // namespace
+
+CAddTaskViewModel::CAddTaskViewModel(const DISCLOSUREPACKAGE::TaskRecord& task, QObject* parent)
+    : QObject(parent), m_isNew(task.id.empty()), m_task(task) {
+    qRegisterMetaType<CBimTreeNode*>();  // QML hands nodes to the slots only when it knows the type
+    m_links.build(CBimTreeModel::linksOf(m_task));
+}
+
+QString CAddTaskViewModel::taskName() const {
+    return FromWide(m_task.name);
+}
+
+void CAddTaskViewModel::setTaskName(const QString& name) {
+    if (name == taskName())
+        return;
+    m_task.name = oneLine(name).toStdWString();
+    emit taskNameChanged();
+}
+
+QString CAddTaskViewModel::disName() const {
+    return shownNames({{m_task.disclosureUserName, m_task.disclosureUserRealname, {}, {}}}).join(QString());
+}
+
+QString CAddTaskViewModel::receiveName() const {
+    return shownNames(receiversOf(m_task)).join(QStringLiteral("、"));
+}
+
+QString CAddTaskViewModel::remark() const {
+    return FromWide(m_task.remark);
+}
+
+void CAddTaskViewModel::setRemark(const QString& remark) {
+    if (remark == this->remark())
+        return;
+    m_task.remark = plainLines(remark).toStdWString();
+    emit remarkChanged();
+}
+
+QString CAddTaskViewModel::constStartDate() const {
+    return shownDate(m_task.constructionStartDateMills);
+}
+
+void CAddTaskViewModel::setConstStartDate(const QString& date) {
+    setDate(m_task.constructionStartDateMills, date, &CAddTaskViewModel::constStartDateChanged);
+}
+
+QString CAddTaskViewModel::constEndDate() const {
+    return shownDate(m_task.constructionEndDateMills);
+}
+
+void CAddTaskViewModel::setConstEndDate(const QString& date) {
+    setDate(m_task.constructionEndDateMills, date, &CAddTaskViewModel::constEndDateChanged);
+}
+
+QString CAddTaskViewModel::planDate() const {
+    return shownDate(m_task.planDisclosureDateMills);
+}
+
+void CAddTaskViewModel::setPlanDate(const QString& date) {
+    setDate(m_task.planDisclosureDateMills, date, &CAddTaskViewModel::planDateChanged);
+}
+
+QString CAddTaskViewModel::endDate() const {
+    return shownDate(m_task.expiryDateMills);
+}
+
+void CAddTaskViewModel::setEndDate(const QString& date) {
+    setDate(m_task.expiryDateMills, date, &CAddTaskViewModel::endDateChanged);
+}
+
+void CAddTaskViewModel::setDate(int64_t& mills, const QString& date, Changed changed) {
+    if (date == shownDate(mills))
+        return;
+    const QDateTime start = QDate::fromString(date, kDateFormat).startOfDay();
+    const bool isStorable = start.isValid() && start.toMSecsSinceEpoch() > 0;
+    if (isStorable || date.isEmpty())
+        mills = isStorable ? start.toMSecsSinceEpoch() : 0;
+    emit(this->*changed)();
+}
+
+QStringList CAddTaskViewModel::connectdoclist() const {
+    QStringList names;
+    for (const TaskDocRecord& doc : m_task.disclosureTaskDocList)
+        names.append(FromWide(doc.name));
+    return names;
+}
+
+bool CAddTaskViewModel::canViewDocs() const {
+    return documentOpener() != nullptr;
+}
+
+void CAddTaskViewModel::onClickSelectOwner() {
+    QStringList receivers;
+    for (const TaskReceiveUserRecord& receiver : m_task.disclosureTaskReceiveUserList)
+        receivers.append(FromWide(receiver.userName));
+    UserRecord person{m_task.disclosureUserName, m_task.disclosureUserRealname, {}, {}};
+    if (!CSelectOwnerWnd::choose(person, receivers))
+        return;
+    m_task.disclosureUserName = person.userName;
+    m_task.disclosureUserRealname = person.realName;
+    emit disNameChanged();
+}
+
+void CAddTaskViewModel::onClickSelectReceiver() {
+    std::vector<UserRecord> people = receiversOf(m_task);
+    if (!CSelectReceiverWnd::choose(people, {FromWide(m_task.disclosureUserName)}))
+        return;
+    const auto before = std::exchange(m_task.disclosureTaskReceiveUserList, {});
+    for (const UserRecord& person : people) {
+        const auto known = std::find_if(before.begin(), before.end(),
+                                        [&](const auto& receiver) { return receiver.userName == person.userName; });
+        TaskReceiveUserRecord receiver;
+        if (known != before.end())
+            receiver = *known;
+        receiver.userName = person.userName;
+        receiver.userRealname = person.realName;
+        m_task.disclosureTaskReceiveUserList.push_back(receiver);
+    }
+    emit receiveNameChanged();
+}
+
+void CAddTaskViewModel::onClickUploadDoc() {
+    std::vector<UploadedFileRecord> files;
+    IDisclosureManageMgr* manager = FindDisclosureManager();
+    if (!manager || !manager->UploadLocalFiles(files))
+        return;
+    for (const UploadedFileRecord& file : files)
+        m_task.disclosureTaskDocList.push_back(linkTo(file));
+    emit connectDocChanged();
+}
+
+void CAddTaskViewModel::onClickViewDocItem(int nIndex) {
+    auto* opener = documentOpener();
+    if (!opener || nIndex < 0 || nIndex >= static_cast<int>(m_task.disclosureTaskDocList.size()))
+        return;
+    const TaskDocRecord& doc = m_task.disclosureTaskDocList[static_cast<std::size_t>(nIndex)];
+    opener->OpenDocument(doc.uuid, doc.name, doc.extension);
+}
+
+void CAddTaskViewModel::onClickDelDocItem(int nIndex) {
+    auto& docs = m_task.disclosureTaskDocList;
+    if (nIndex < 0 || nIndex >= static_cast<int>(docs.size()))
+        return;
+    docs.erase(docs.begin() + nIndex);
+    emit connectDocChanged();
+}
+
+void CAddTaskViewModel::onClickDelBIMItem(CBimTreeNode* pNode) {
+    if (!pNode || !pNode->canSelect())
+        return;
+    const DISCLOSUREPACKAGE::LinkRecord link = pNode->link();
+    if (link.kind == 0)
+        std::erase_if(m_task.disclosureTaskViewportList, [&](const auto& viewport) {
+            return viewport.ppid == link.ppid && viewport.viewportId == link.identifier;
+        });
+    else
+        std::erase_if(m_task.disclosureTaskNodeList,
+                      [&](const auto& node) { return node.ppid == link.ppid && node.nodeId == link.identifier; });
+    m_links.build(CBimTreeModel::linksOf(m_task));
+    emit connectBIMDataChanged();
+}
+
+void CAddTaskViewModel::onClickSave() {
+    submit(false);
+}
+
+void CAddTaskViewModel::onClickRelease() {
+    submit(true);
+}
+
+void CAddTaskViewModel::submit(bool isRelease) {
+    if (m_isSaved)
+        return;  // a second click came before the dialog was closed
+    if (m_isRelease != isRelease) {
+        m_isRelease = isRelease;
+        emit bReaseChanged();
+    }
+    setTaskName(tidyName(taskName()));
+    const QString broken = firstBrokenRule(m_task, QDate::currentDate());
+    if (!broken.isEmpty()) {
+        ShowNotice(broken);
+        return;
+    }
+    m_isSaved = store();
+    if (m_isSaved)
+        emit closeWnd();
+}
+
+/// Ids stay from one click to the next: when an answer is lost, the service knows a repeated task by them.
+void CAddTaskViewModel::giveIds() {
+    const auto give = [](std::wstring& id) {
+        if (id.empty())
+            id = BASETOOLS::GenerateUUID();
+    };
+    const auto giveAll = [&](auto& links) {
+        for (auto& link : links)
+            give(link.id);
+    };
+    give(m_task.id);
+    giveAll(m_task.disclosureTaskReceiveUserList);
+    giveAll(m_task.disclosureTaskViewportList);
+    giveAll(m_task.disclosureTaskNodeList);
+    giveAll(m_task.disclosureTaskDocList);
+}
+
+bool CAddTaskViewModel::store() {
+    IDisclosureManageMgr* manager = FindDisclosureManager();
+    if (!manager)
+        return false;
+    giveIds();
+    m_task.deptId = manager->GetCurDeptId();
+    m_task.isPublish = m_isRelease ? 1 : 0;
+    if (!(m_isNew ? manager->SaveTask(m_task) : manager->UpdateTask(m_task)))
+        return false;
+    const QString title = !m_isNew ? tr("修改交底") : m_isRelease ? tr("发布交底") : tr("新建交底");
+    const QString path = !m_isNew      ? tr("技术→交底管理→修改")
+                         : m_isRelease ? tr("技术→交底管理→发布交底")
+                                       : tr("技术→交底管理→新建");
+    manager->WriteFunctionLog(title.toStdWString(), path.toStdWString());
+    return true;
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <vector>
+
+#include <QString>
+#include <QStringList>
+
+#include "sdk/packages/IOrgDeptMgr.h"
+#include "ui/common/FlatTree.h"
+
+/// The names by which people are shown: the display name, or else the login name; with the login name behind it where
+/// two of them have the same one.
+QStringList shownNames(const std::vector<BASEPACKAGE::UserRecord>& people);
+
+/// The current department's people in their departments, as the people pickers show and search them. Departments
+/// without anybody to show are left out, and somebody listed twice counts once.
+class PeopleDirectory {
+public:
+    /// Reads the organisation without the people whose login names are in `leftOut`. Empty where a manager is missing
+    /// or the organisation cannot be read.
+    explicit PeopleDirectory(const QStringList& leftOut = {});
+
+    /// The tree of those whose display or login name contains `search`, whatever its case, or of all when it is empty;
+    /// null when there is nobody. A person's node has the login name as its id, a department's has none.
+    template <class Node>
+    Node* createTree(const QString& search) const {
+        std::vector<Node*> nodes(m_places.size(), nullptr);
+        const std::vector<char> shown = placesFor(search);
+        for (std::size_t i = 0; i < m_places.size(); ++i) {
+            if (!shown[i])
+                continue;
+            const Entry& entry = m_entries[static_cast<std::size_t>(m_places[i].record)];
+            Node* parent = m_places[i].parent < 0 ? nullptr : nodes[static_cast<std::size_t>(m_places[i].parent)];
+            nodes[i] = new Node(parent, entry.name, entry.isPerson ? entry.name : QString(), entry.realName);
+        }
+        return nodes.empty() ? nullptr : nodes.front();
+    }
+
+private:
+    struct Entry {
+        std::wstring id;  // of the tree; departments and people have separate ones
+        std::wstring parentId;
+        QString name;  // a department's name, a person's login name
+        QString realName;
+        QString searched;
+        bool isPerson;
+    };
+
+    std::vector<char> placesFor(const QString& search) const;
+
+    std::vector<Entry> m_entries;
+    std::vector<FlatTreePlace> m_places;
+};

@@ -1,0 +1,68 @@
+#include "commands/DisclosureManage/ui/task/SelectOwnerWnd.h"
+
+#include <QDialog>
+#include <QQmlContext>
+#include <QQuickView>
+
+#include "commands/DisclosureManage/ui/DisclosureManager.h"
+#include "sdk/basecore/IBaseCoreData.h"
+#include "ui/common/NameTreeModel.h"
+#include "ui/common/NameTreeNode.h"
+
+bool CSelectOwnerWnd::choose(BASEPACKAGE::UserRecord& person, const QStringList& leftOut) {
+    if (!FindDisclosureManager())
+        return false;
+    CSelectOwnerWnd wnd(BASECORE::FRAME::GetMainBaseCore()->GetMainWindow(), person, leftOut);
+    wnd.frame().run();
+    if (wnd.m_isChosen)
+        person = wnd.m_person;
+    return wnd.m_isChosen;
+}
+
+CSelectOwnerWnd::CSelectOwnerWnd(QWidget* parent, const BASEPACKAGE::UserRecord& person, const QStringList& leftOut)
+    : CBaseWnd(parent), m_people(leftOut), m_model(new NameTreeModel(frame().view())) {
+    frame().dialog()->setMinimumSize(250, 450);
+    setSearchText({});
+    selectPerson(QString::fromStdWString(person.userName));
+    frame().view()->rootContext()->setContextProperty(QStringLiteral("theSelectOwnerWnd"), this);
+    frame().load(QUrl(QStringLiteral("qrc:/commands/DisclosureManage/ui/task/qml/SelectOwnerWnd.qml")));
+    connectRootObject();
+}
+
+TreeModel* CSelectOwnerWnd::ownerDataModel() const {
+    return m_model;
+}
+
+bool CSelectOwnerWnd::isDepNode(const QModelIndex& tIndex) const {
+    return tIndex.isValid() && static_cast<const NameTreeNode*>(m_model->nodeOf(tIndex))->id().isEmpty();
+}
+
+void CSelectOwnerWnd::setSearchText(const QString& sText) {
+    if (NameTreeNode* top = m_people.createTree<NameTreeNode>(sText))
+        m_model->addNode({}, top);
+    else
+        m_model->clear();
+    emit ownerDataChanged();
+}
+
+void CSelectOwnerWnd::selectPerson(const QString& login) {
+    if (login.isEmpty())
+        return;
+    QList<TreeNode*> pending = m_model->nodeOf({})->children();
+    while (!pending.isEmpty()) {
+        TreeNode* node = pending.takeLast();
+        if (static_cast<NameTreeNode*>(node)->id() == login)
+            return m_model->setCurrentIndex(m_model->indexOf(node));
+        pending += node->children();
+    }
+}
+
+void CSelectOwnerWnd::onClickOk() {
+    const QModelIndex index = m_model->currentIndex();
+    if (index.isValid() && !isDepNode(index)) {
+        const auto* node = static_cast<const NameTreeNode*>(m_model->nodeOf(index));
+        m_person = {node->id().toStdWString(), node->realName().toStdWString(), {}, {}};
+        m_isChosen = true;
+    }
+    frame().dialog()->close();
+}

@@ -1,0 +1,374 @@
+#include "commands/DisclosureManage/ui/task/TaskManagerViewModel.h"
+
+#include <algorithm>
+#include <optional>
+
+#include <QHash>
+#include <QSet>
+
+#include "commands/DisclosureManage/ui/DisclosureManager.h"
+#include "commands/DisclosureManage/ui/Notice.h"
+#include "commands/DisclosureManage/ui/task/DateRange.h"
+#include "sdk/basecore/IBaseCoreData.h"
+#include "sdk/basecore/ManagerNames.h"
+#include "sdk/basetools/TimeValue.h"
+#include "sdk/packages/disclosure/IDisclosureManageMgr.h"
+#include "ui/common/WideText.h"
+
+using BASECORE::FRAME::LookupManager;
+using BASETOOLS::CKpxTimeValue;
+using DISCLOSUREPACKAGE::IDisclosureManageMgr;
+using DISCLOSUREPACKAGE::TaskQuery;
+using DISCLOSUREPACKAGE::TaskRecord;
+
+namespace {
+
+constexpr int kGatherMills = 50;
+constexpr int kPagesTurned = 20;  // in search of one task among those of a like name
+const QString kAscending = QStringLiteral("ASC");
+const QString kDescending = QStringLiteral("DESC");
+
+/// The query that ran last, whichever window ran it; empty after a failure.
+std::optional<TaskQuery>& lastQuery() {
+    static std::optional<TaskQuery> query;
+    return query;
+}
+
+template <class T>
+bool changes(T& field, const T& value) {
+    if (field == value)
+        return false;
+    field = value;
+    return true;
+}
+
+auto placeOf(const std::wstring& id, const std::vector<TaskRecord>& tasks) {
+    return std::find_if(tasks.begin(), tasks.end(), [&](const TaskRecord& task) { return task.id == id; });
+}
+
+int64_t dayStart(const QString& day) {
+    return CKpxTimeValue::FromDayText(day.toStdWString());
+}
+
+QString dayText(QDate date) {
+    return date.toString(Qt::ISODate);
+}
+
+DiscloserNames peopleOf(const std::wstring& deptId) {
+    std::vector<BASEPACKAGE::UserRecord> people;
+    if (const auto* departments = LookupManager<BASEPACKAGE::IOrgDeptMgr>(BASECORE::NAMES::kDepartments))
+        departments->GetUsers(people, deptId);
+    return DiscloserNames(people);
+}
+
+}  // namespace
+
+TaskManagerViewModel::TaskManagerViewModel(QObject* parent) : QObject(parent), m_timer(this) {
+    m_startDate = m_endDate = FromWide(CKpxTimeValue::ToDayText(QDateTime::currentMSecsSinceEpoch()));
+    m_timer.setSingleShot(true);
+    m_timer.setInterval(kGatherMills);
+    connect(&m_timer, &QTimer::timeout, this, &TaskManagerViewModel::runQuery);
+
+    using Self = TaskManagerViewModel;
+    for (const auto changed : {&Self::itemsPerPageChanged, &Self::currentPageChanged, &Self::searchDateIndexChanged,
+                               &Self::searchStartDateChanged, &Self::searchEndDateChanged,
+                               &Self::searchDateLimitChanged, &Self::searchTaskStatusChanged, &Self::searchTextChanged,
+                               &Self::searchOrderKeyChanged, &Self::searchOrderTypeChanged})
+        connect(this, changed, this, [this] { RefreshCurrentTaskInfo(false); });
+}
+
+bool TaskManagerViewModel::searchAsc() const {
+    return m_orderType == kAscending;
+}
+
+QStringList TaskManagerViewModel::dateRanges() {
+    return dateRangeChoices();
+}
+
+void TaskManagerViewModel::setTotalPage(int pages) {
+    if (changes(m_totalPage, qMax(1, pages)))
+        emit totalPageChanged();
+}
+
+void TaskManagerViewModel::setCurrentPage(int page) {
+    if (changes(m_currentPage, qMax(1, page)))
+        emit currentPageChanged();
+}
+
+void TaskManagerViewModel::setTotalCount(int count) {
+    if (!changes(m_totalCount, count))
+        return;
+    emit totalCountChanged();
+    updateTotalPage();
+}
+
+void TaskManagerViewModel::setItemsPerPage(int items) {
+    if (!changes(m_itemsPerPage, qMax(1, items)))
+        return;
+    emit itemsPerPageChanged();
+    updateTotalPage();
+}
+
+void TaskManagerViewModel::updateTotalPage() {
+    setTotalPage(pagesFor(m_totalCount));
+    if (m_totalCount > 0)
+        setCurrentPage(qMin(m_currentPage, m_totalPage));
+}
+
+void TaskManagerViewModel::setSearchText(const QString& text) {
+    if (changes(m_searchText, text))
+        emit searchTextChanged();
+}
+
+void TaskManagerViewModel::setSearchDateIndex(int index) {
+    if (changes(m_dateIndex, index))
+        emit searchDateIndexChanged();
+}
+
+void TaskManagerViewModel::setSearchDateLimit(bool unlimited) {
+    if (changes(m_dateLimit, unlimited))
+        emit searchDateLimitChanged();
+}
+
+void TaskManagerViewModel::setSearchStartDate(const QString& day) {
+    if (dayStart(day) <= 0 || !changes(m_startDate, day))
+        return;
+    emit searchStartDateChanged();
+    if (dayStart(m_endDate) < dayStart(m_startDate))
+        setSearchEndDate(m_startDate);
+}
+
+void TaskManagerViewModel::setSearchEndDate(const QString& day) {
+    if (dayStart(day) <= 0 || !changes(m_endDate, day))
+        return;
+    emit searchEndDateChanged();
+    if (dayStart(m_endDate) < dayStart(m_startDate))
+        setSearchStartDate(m_endDate);
+}
+
+void TaskManagerViewModel::setSearchTaskStatus(int status) {
+    if (changes(m_taskStatus, status))
+        emit searchTaskStatusChanged();
+}
+
+void TaskManagerViewModel::setSearchOrderKey(const QString& key) {
+    if (!changes(m_orderKey, key)) {
+        if (!key.isEmpty())
+            setOrderType(searchAsc() ? kDescending : kAscending);
+        return;
+    }
+    setOrderType(key.isEmpty() ? QString() : kAscending);
+    emit searchOrderKeyChanged();
+}
+
+void TaskManagerViewModel::setOrderType(const QString& type) {
+    if (changes(m_orderType, type))
+        emit searchOrderTypeChanged();
+}
+
+void TaskManagerViewModel::setSearchOrderColumn(int column) {
+    if (changes(m_orderColumn, column))
+        emit searchOrderColumnChanged();
+}
+
+void TaskManagerViewModel::sortByColumn(const QString& title, int column) {
+    const QHash<QString, QString> keys{
+        {tr("任务名称"), QStringLiteral("taskName")},
+        {tr("交底人"), QStringLiteral("disclosureUserName")},
+        {tr("施工开始日期"), QStringLiteral("constructionStartDate")},
+        {tr("施工结束日期"), QStringLiteral("constructionEndDate")},
+        {tr("计划交底日期"), QStringLiteral("planDisclosureDate")},
+        {tr("实际交底日期"), QStringLiteral("actualDisclosureDate")},
+        {tr("更新时间"), QStringLiteral("updateAt")},
+    };
+    const QString key = keys.value(title);
+    if (key.isEmpty())
+        return;
+    setSearchOrderKey(key);
+    setSearchOrderColumn(column);
+}
+
+void TaskManagerViewModel::chooseDateRange(int choice) {
+    const auto chosen = static_cast<DateRangeChoice>(choice);
+    const DateRange range = dateRange(chosen, QDate::currentDate());
+    setSearchStartDate(dayText(range.start));
+    setSearchEndDate(dayText(range.end));
+    setSearchDateLimit(chosen == DateRangeChoice::All);
+}
+
+void TaskManagerViewModel::setCatalogId(const QString& id) {
+    if (!changes(m_catalogId, id))
+        return;
+    startAfresh();
+    RefreshCurrentTaskInfo(true);
+}
+
+void TaskManagerViewModel::revealTask(const TaskRecord& task) {
+    m_catalogId = FromWide(task.disclosureCatalogId);
+    startAfresh();
+    setSearchText(FromWide(task.name));
+    m_wantedTask = task.id;
+    RefreshCurrentTaskInfo(true);
+}
+
+void TaskManagerViewModel::startAfresh() {
+    m_wantedTask.clear();
+    setCurrentPage(1);
+    setTotalCount(0);
+    setItemsPerPage(kItemsPerPage);
+    setTotalPage(1);
+    setSearchDateIndex(0);
+    setSearchDateLimit(true);
+    setSearchTaskStatus(-1);
+    setSearchOrderKey(QString());
+    setSearchOrderColumn(-1);
+}
+
+void TaskManagerViewModel::setNewTaskEnable(bool bVal) {
+    if (changes(m_newTaskEnable, bVal))
+        emit newTaskEnableChanged();
+}
+
+void TaskManagerViewModel::setHasEditAuth(bool granted) {
+    setNewTaskEnable(granted);
+    if (changes(m_operBtnEnable, granted))
+        emit editAuthChanged();
+}
+
+void TaskManagerViewModel::setDelBtnEnable(bool bVal) {
+    if (changes(m_delBtnEnable, bVal))
+        emit delBtnEnableChanged();
+}
+
+void TaskManagerViewModel::nextPage() {
+    setCurrentPage(qMin(m_currentPage + 1, m_totalPage));
+}
+void TaskManagerViewModel::prevPage() {
+    setCurrentPage(qMin(m_currentPage - 1, m_totalPage));
+}
+void TaskManagerViewModel::firstPage() {
+    setCurrentPage(1);
+}
+void TaskManagerViewModel::lastPage() {
+    setCurrentPage(m_totalPage);
+}
+
+void TaskManagerViewModel::RefreshCurrentTaskInfo(bool bforcefresh) {
+    m_forced = m_forced || bforcefresh;
+    m_timer.start();
+}
+
+TaskQuery TaskManagerViewModel::query() const {
+    TaskQuery query;
+    query.disclosureCatalogId = m_catalogId.toStdWString();
+    query.status = m_taskStatus;
+    query.keyword = m_searchText.toStdWString();
+    query.dateType = m_dateLimit ? -1 : m_dateIndex + 1;
+    query.startDateMills = m_dateLimit ? -1 : dayStart(m_startDate);
+    query.endDateMills = m_dateLimit ? -1 : CKpxTimeValue::EndOfDay(dayStart(m_endDate));
+    query.currentPage = m_currentPage;
+    query.pageSize = m_itemsPerPage;
+    query.orderKey = m_orderKey.toStdWString();
+    query.orderType = m_orderType.toStdWString();
+    return query;
+}
+
+void TaskManagerViewModel::runQuery() {
+    if (m_holds > 0) {
+        m_refreshHeld = true;
+        return;
+    }
+    auto* manager = FindDisclosureManager();
+    if (!manager)
+        return;
+    const Hold hold(*this);
+    TaskQuery wanted = query();
+    wanted.deptId = manager->GetCurDeptId();
+    const bool sameQuery = lastQuery() == wanted;
+    if (!std::exchange(m_forced, false) && sameQuery)
+        return;
+    lastQuery() = wanted;
+    const std::wstring revealed = std::exchange(m_wantedTask, {});
+
+    std::vector<TaskRecord> tasks;
+    int32_t total = 0;
+    if (!manager->PageTasks(wanted, tasks, total)) {
+        lastQuery().reset();
+        m_wantedTask = revealed;  // the next refresh looks for it again
+        goBackFrom(wanted);
+        return;
+    }
+    if (const int pages = pagesFor(total); wanted.currentPage > pages) {
+        setTotalCount(total);
+        setCurrentPage(pages);
+        return;
+    }
+    if (!revealed.empty()) {
+        turnTo(revealed, *manager, wanted, tasks);
+        lastQuery() = wanted;
+    }
+    m_names = peopleOf(wanted.deptId);
+    showPage(wanted, tasks, sameQuery);
+    setTotalCount(total);
+    if (revealed.empty())
+        return;
+    setCurrentPage(wanted.currentPage);
+    if (const auto row = placeOf(revealed, tasks); row != tasks.end())
+        emit taskRevealed(static_cast<int>(row - tasks.begin()));
+    else
+        sayNotFound();
+}
+
+void TaskManagerViewModel::sayNotFound() {
+    ShowNotice(tr("在目录中没有找到任务“%1”").arg(searchText()));
+    setSearchText({});  // which the user did not type
+}
+
+void TaskManagerViewModel::turnTo(const std::wstring& taskId, IDisclosureManageMgr& manager, TaskQuery& query,
+                                  std::vector<TaskRecord>& tasks) const {
+    TaskQuery next = query;
+    std::vector<TaskRecord> page = tasks;
+    int32_t total = 0;
+    while (placeOf(taskId, page) == page.end()) {
+        page.clear();
+        if (++next.currentPage > kPagesTurned || !manager.PageTasks(next, page, total) || page.empty())
+            return;
+    }
+    query = next;
+    tasks = std::move(page);
+}
+
+void TaskManagerViewModel::goBackFrom(const TaskQuery& failed) {
+    TaskQuery sameSearch = m_shown;
+    sameSearch.currentPage = failed.currentPage;
+    sameSearch.pageSize = failed.pageSize;
+    if (sameSearch == failed) {
+        const bool refreshDue = m_timer.isActive();
+        setItemsPerPage(m_shown.pageSize);
+        setCurrentPage(m_shown.currentPage);
+        if (!refreshDue)
+            m_timer.stop();  // the page gone back to is on the screen
+    }
+    if (m_taskModel && m_shown.disclosureCatalogId != failed.disclosureCatalogId)
+        showPage(failed, {});  // rows of another catalog would be taken for this one's
+}
+
+void TaskManagerViewModel::showPage(const TaskQuery& query, const std::vector<TaskRecord>& tasks, bool reread) {
+    m_reread = reread;
+    m_shown = query;
+    QSet<QString> checked;
+    if (m_reread && m_taskModel)
+        for (int row = 0; row < m_taskModel->task_list()->size(); ++row)
+            if (const TaskModel* task = m_taskModel->task_list()->at(row); task->selected())
+                checked.insert(task->id());
+
+    auto* page = new MapTaskModel(this);
+    for (const TaskRecord& record : tasks) {
+        auto* task = new TaskModel(record, m_names, page);
+        task->setSelected(checked.contains(task->id()));
+        page->task_list()->append(task);
+    }
+    if (MapTaskModel* old = std::exchange(m_taskModel, page))
+        old->deleteLater();
+    emit taskModelChanged();
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+#include "sdk/packages/disclosure/Records.h"
+
+/// A name as it can be stored: one line without the blanks around it; empty when nothing of it can be seen.
+QString tidyName(const QString& typed);
+/// One line of text: what was pasted may bring line breaks and other control characters, which become blanks.
+QString oneLine(const QString& typed);
+/// Text without control characters, but with its lines. Word processors part lines by characters of their own.
+QString plainLines(const QString& typed);
+
+/// The message of the first rule that keeps `task` from being saved as a plan or published; empty when none does. The
+/// name counts as it stands, without its blanks being trimmed.
+QString firstBrokenRule(const DISCLOSUREPACKAGE::TaskRecord& task, QDate today);

@@ -1,0 +1,47 @@
+import QtQuick 2.12
+import QtQuick.Layouts 1.12
+import UI 1.0
+
+// The dates of the task. Construction cannot be made to end before it starts.
+GridLayout {
+    property real captionSpace: 0
+
+    columns: 2
+    columnSpacing: 30
+
+    UxNameCalendar {
+        Layout.fillWidth: true
+        Layout.preferredWidth: 1
+        name: qsTr("施工开始日期：")
+        calendarSpace: captionSpace
+        value: addTaskModel.constStartDate
+        maximumDate: addTaskModel.constEndDate
+        onPicked: addTaskModel.constStartDate = text
+    }
+    UxNameCalendar {
+        Layout.fillWidth: true
+        Layout.preferredWidth: 1
+        name: qsTr("施工结束日期：")
+        calendarSpace: captionSpace
+        value: addTaskModel.constEndDate
+        minimumDate: addTaskModel.constStartDate
+        onPicked: addTaskModel.constEndDate = text
+    }
+    UxNameCalendar {
+        Layout.fillWidth: true
+        Layout.preferredWidth: 1
+        name: qsTr("计划交底日期：")
+        calendarSpace: captionSpace
+        value: addTaskModel.planDate
+        onPicked: addTaskModel.planDate = text
+    }
+    UxNameCalendar {
+        Layout.fillWidth: true
+        Layout.preferredWidth: 1
+        name: qsTr("截止日期：")
+        mustfill: true
+        calendarSpace: captionSpace
+        value: addTaskModel.endDate
+        onPicked: addTaskModel.endDate = text
+    }
+}

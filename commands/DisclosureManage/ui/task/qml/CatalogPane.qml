@@ -1,0 +1,96 @@
+import QtQuick 2.12
+import QtQuick.Controls 1.4
+import QtQuick.Layouts 1.12
+import UI 1.0
+import "CatalogOptions.js" as CatalogOptions
+
+// The catalog tree with the buttons under it, its context menu and its keys.
+FocusScope {
+    id: pane
+
+    signal optionChosen(int option)
+    signal nameWanted(int option)
+    signal menuClosed()
+
+    function create() { nameWanted(CatalogOptions.create) }
+    function rename() { nameWanted(CatalogOptions.rename) }
+    function remove() { optionChosen(CatalogOptions.remove) }
+    function moveUp() { optionChosen(CatalogOptions.moveUp) }
+    function moveDown() { optionChosen(CatalogOptions.moveDown) }
+
+    // The top catalog is open from the start: alone it would tell nothing.
+    function showDefault() {
+        tree.expand(theModel.defaultIndex)
+        tree.select(theModel.defaultIndex)
+    }
+
+    Keys.onMenuPressed: menu.popup(tree.__listView.currentItem || tree, tree.indentation, tree.rowHeight)
+    Keys.onPressed: {
+        var action = event.key === Qt.Key_Insert && theModel.newBuildEnable ? create
+                   : !theModel.nodeOperEnable ? null
+                   : event.key === Qt.Key_F2 ? rename
+                   : event.key === Qt.Key_Delete ? remove : null
+        event.accepted = action !== null
+        if (action)
+            action()
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: UxTheme.background
+        border.width: 1
+        border.color: UxTheme.windowBorder
+
+        ColumnLayout {
+            anchors.fill: parent
+            spacing: 0
+
+            UxTreeView2 {
+                id: tree
+                Layout.fillWidth: true
+                Layout.fillHeight: true
+                Layout.margins: 1
+                focus: true
+                activeFocusOnTab: true
+                hasBorder: false
+                backgroundColor: UxTheme.background
+                initialExpandAll: false
+                indentation: 11
+                selectionMode: SelectionMode.SingleSelection
+                model: theModel
+                Accessible.name: qsTr("交底目录")
+                itemDelegate: CatalogRow {
+                    onMenuWanted: {
+                        tree.select(index)
+                        menu.popup(row, x, y)
+                    }
+                }
+                onCurrentIndexChanged: theModel.currentIndex = currentIndex
+                Component.onCompleted: {
+                    if (theModel.defaultIndex.valid)
+                        pane.showDefault()
+                }
+            }
+
+            CatalogButtons {
+                Layout.fillWidth: true
+                pane: pane
+            }
+        }
+    }
+
+    CatalogMenu {
+        id: menu
+        pane: pane
+        onClosed: pane.menuClosed()
+    }
+
+    Connections {
+        target: theModel
+        function onDefaultIndexChanged() { pane.showDefault() }
+        function onCurrentIndexChanged() {
+            if (tree.currentIndex !== theModel.currentIndex)
+                tree.select(theModel.currentIndex)
+        }
+    }
+}

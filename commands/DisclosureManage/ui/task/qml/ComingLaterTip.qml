@@ -1,0 +1,22 @@
+import QtQuick 2.12
+import UI 1.0
+
+// Lies over a control that is still disabled, and says so.
+MouseArea {
+    id: tip
+
+    readonly property string text: qsTr("该功能将在后续版本提供")
+
+    anchors.fill: parent
+    acceptedButtons: Qt.NoButton
+    hoverEnabled: true
+
+    Loader {
+        active: tip.containsMouse
+        sourceComponent: UxToolTip {
+            parent: tip
+            text: tip.text
+            visible: true
+        }
+    }
+}

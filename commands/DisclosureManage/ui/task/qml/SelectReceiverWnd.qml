@@ -1,0 +1,102 @@
+import QtQuick 2.12
+import QtQuick.Layouts 1.12
+import UI 1.0
+
+// The picker of the receivers.
+Rectangle {
+    id: root
+
+    property alias title: titleBar.title
+
+    signal close()
+    signal titlebarPressed()
+    signal titlebarPositionChanged()
+
+    function toggle(index) {
+        var node = index && index.valid ? tree.model.data(index, Qt.DisplayRole) : null
+        if (!node)
+            return
+        node.checkState = node.checkState === Qt.Checked ? Qt.Unchecked : Qt.Checked
+        theSelectReceiverWnd.onItemCheckStatusChanged(index)
+    }
+
+    color: UxTheme.background
+    border.width: 1
+    border.color: UxTheme.windowBorder
+    Keys.onEscapePressed: close()
+
+    ColumnLayout {
+        anchors.fill: parent
+        anchors.margins: 1
+        spacing: 0
+
+        WindowTitleBar {
+            id: titleBar
+            title: qsTr("选择接受交底人")
+            hasMaxButton: false
+            onClose: root.close()
+            onTitlebarPressed: root.titlebarPressed()
+            onTitlebarPositionChanged: root.titlebarPositionChanged()
+        }
+        Item {
+            Layout.fillWidth: true
+            Layout.preferredHeight: 85
+
+            UxLabel {
+                id: count
+                x: 10
+                height: 22
+                text: qsTr("已选择（人）：") + theSelectReceiverWnd.selcount
+            }
+            PeopleChips {
+                anchors.fill: parent
+                anchors.topMargin: count.height
+                anchors.leftMargin: 10
+                anchors.rightMargin: 10
+                names: theSelectReceiverWnd.receiverName
+                onRemoveWanted: theSelectReceiverWnd.onClickDelReceiver(index)
+            }
+        }
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.preferredHeight: 30
+            Layout.margins: 10
+            spacing: 4
+
+            PeopleSearch {
+                Layout.fillWidth: true
+                focus: true
+                onWanted: theSelectReceiverWnd.setSearchText(text)
+            }
+            UxIconButton {
+                iconSource: "qrc:/ui/Images/TreeExpand.png"
+                tooltipText: qsTr("展开一级")
+                onClicked: theSelectReceiverWnd.onClickExpand()
+            }
+            UxIconButton {
+                iconSource: "qrc:/ui/Images/TreeCollpase.png"
+                tooltipText: qsTr("收起一级")
+                onClicked: theSelectReceiverWnd.onClickCollapse()
+            }
+        }
+        PeopleTree {
+            id: tree
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            Layout.leftMargin: 10
+            Layout.rightMargin: 10
+            Layout.bottomMargin: 10
+            model: theSelectReceiverWnd.receiverDataModel
+            itemDelegate: PeopleRow {
+                checkable: true
+                onToggled: root.toggle(styleData.index)
+            }
+            Keys.onSpacePressed: root.toggle(currentIndex)
+        }
+        DialogButtons {
+            Layout.fillWidth: true
+            onAccepted: theSelectReceiverWnd.onClickOk()
+            onRejected: root.close()
+        }
+    }
+}

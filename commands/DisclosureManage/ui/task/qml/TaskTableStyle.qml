@@ -1,0 +1,23 @@
+import QtQuick 2.12
+import UI 1.0
+
+// The table's look with its tints: the current row, then the checked ones.
+UxTableViewStyle {
+    id: style
+
+    highlightedTextColor: textColor
+    rowDelegate: Rectangle {
+        readonly property bool checked: model && model.item ? model.item.selected : false
+
+        height: control.rowHeight
+        color: styleData.selected ? UxTheme.currentRow
+                                  : checked ? UxTheme.checkedRow
+                                            : styleData.alternate ? style.alternateBackgroundColor
+                                                                  : style.backgroundColor
+
+        UxFocusFrame {
+            anchors.margins: 0
+            shown: control.activeFocus && styleData.row !== undefined && styleData.row === control.__currentRow
+        }
+    }
+}

@@ -1,0 +1,39 @@
+import QtQuick 2.12
+import UI 1.0
+
+// A text that a double click, or Enter, opens for editing, as F2 does in the table.
+UxToolTipText {
+    id: cell
+
+    readonly property var task: model && model.item ? model.item : null
+
+    property var table
+
+    signal opened()
+
+    // A dialog opens only when the click has been handled.
+    function open() {
+        if (theTaskModel.operBtnEnable)
+            Qt.callLater(opened)
+    }
+
+    leftPadding: 6
+    rightPadding: 6
+    text: task ? task[styleData.role] : ""
+    activeFocusOnTab: styleData.selected
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Accessible.onPressAction: open()
+    Keys.onReturnPressed: open()
+    Keys.onEnterPressed: open()
+
+    MouseArea {
+        anchors.fill: parent
+        onPressed: {
+            cell.table.currentRow = styleData.row
+            cell.table.focusRows()
+        }
+        onDoubleClicked: cell.open()
+    }
+    UxFocusFrame { shown: cell.activeFocus }
+}

@@ -1,0 +1,66 @@
+#include "host/managers/RestServWebMgr.h"
+
+#include <QLoggingCategory>
+#include <QScopedValueRollback>
+#include <QTimer>
+
+#include "sdk/basecore/ManagerNames.h"
+#include "sdk/baseui/MessageBox.h"
+
+namespace workbench {
+
+CRestServWebMgr::CRestServWebMgr(SessionKeeper& keeper, LoginPrompt prompt,
+                                 std::chrono::steady_clock::duration refusedAgain)
+    : CMgrObject(BASECORE::NAMES::kRestService),
+      m_keeper(keeper),
+      m_prompt(std::move(prompt)),
+      m_refusedAgain(refusedAgain) {}
+
+bool CRestServWebMgr::HasSession(const std::wstring& serviceKey) const {
+    return serviceKey == BASECORE::NAMES::kServiceKey && m_keeper.session();
+}
+
+bool CRestServWebMgr::RenewSession(const std::wstring& serviceKey, const std::wstring& message) {
+    // The check of a renewal may itself find the session expired, and timers run while the user types.
+    if (serviceKey != BASECORE::NAMES::kServiceKey || m_isRenewing)
+        return false;
+    const auto now = std::chrono::steady_clock::now();
+    if (m_keeper.session() && m_keeper.session()->id() == m_freshSession && now - m_renewedAt < m_refusedAgain) {
+        qWarning().noquote() << tr("刚刚更新的登录又被服务拒绝：%1").arg(QString::fromStdWString(message));
+        return false;
+    }
+    const QScopedValueRollback<bool> renewing(m_isRenewing, true);
+    const bool renewed = renew();
+    if (renewed) {
+        m_freshSession = m_keeper.session()->id();
+        m_renewedAt = std::chrono::steady_clock::now();
+        qInfo().noquote() << tr("登录已自动更新");
+    }
+    return renewed;
+}
+
+bool CRestServWebMgr::renew() {
+    const Answer answer = m_keeper.session() ? m_keeper.logInAgain() : Answer{Outcome::Refused, 0, {}, {}, {}};
+    if (answer.outcome == Outcome::Refused && answer.status < 500) {
+        if (!m_prompt(answer.text))
+            return false;
+    } else if (!answer.ok()) {
+        qWarning().noquote() << tr("无法更新登录：%1").arg(answer.text);
+        return false;
+    }
+    return m_keeper.isAccepted();
+}
+
+void CRestServWebMgr::EndSession(const std::wstring& serviceKey) {
+    if (serviceKey == BASECORE::NAMES::kServiceKey)
+        m_keeper.logOut();
+}
+
+void CRestServWebMgr::ReportStatus(int code, const std::wstring& text) {
+    const QString shown = text.empty() ? tr("服务返回错误") : QString::fromStdWString(text);
+    // Shown once the call that was refused has returned, so that no timer re-enters it from within the box.
+    const std::wstring message = tr("%1（%2）").arg(shown).arg(code).toStdWString();
+    QTimer::singleShot(0, qApp, [message] { BASEUI::ShowMessageBox(message); });
+}
+
+}  // namespace workbench

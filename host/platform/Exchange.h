@@ -1,0 +1,33 @@
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <string>
+
+#include <QByteArray>
+#include <QSemaphore>
+#include <QString>
+
+namespace workbench {
+
+/// What passes between a caller and the worker; the worker fills it before it releases `done`.
+struct Exchange {
+    QSemaphore done;
+    bool timedOut = false;
+    bool cancelled = false;
+    bool complete = false;
+    bool isHtml = false;
+    int status = 0;
+    QByteArray body;
+    std::string sessionId;
+
+    // Of a transfer.
+    std::function<void()> cancel;   // set by the worker and called there
+    std::atomic<qint64> moved = 0;  // bytes; the caller reads both while it waits
+    std::atomic<qint64> total = 0;
+    QByteArray md5;        // of all that was read or written, in hexadecimal
+    bool hasFile = false;  // the file of a download stands in its place
+    QString fault;         // what is wrong with the file, for the user
+};
+
+}  // namespace workbench

@@ -1,0 +1,89 @@
+#include "host/platform/PlatformData.h"
+
+#include <QJsonArray>
+#include <QLoggingCategory>
+
+#include "host/platform/PlatformClient.h"
+#include "host/platform/Reader.h"
+
+namespace workbench {
+namespace {
+
+using BASEPACKAGE::DeptRecord;
+using BASEPACKAGE::UserRecord;
+using PROJECTPACKAGE::ProjectRecord;
+
+std::optional<ProjectRecord> readProject(const QJsonValue& value) {
+    Reader reader(value);
+    ProjectRecord project;
+    project.ppid = reader.number("ppid");
+    project.projId = reader.optionalText("projId");
+    project.projName = reader.text("name");
+    project.deptId = reader.text("deptId");
+    project.classify = reader.optionalNumber("classify");
+    project.projModel = reader.optionalNumber("projModel");
+    project.projType = reader.optionalNumber("projType");
+    return reader.result(std::move(project));
+}
+
+std::optional<DeptRecord> readDepartment(const QJsonValue& value) {
+    Reader reader(value);
+    DeptRecord department;
+    department.id = reader.text("deptId");
+    department.name = reader.text("deptName");
+    department.parentId = reader.optionalText("parentId");
+    return reader.result(std::move(department));
+}
+
+std::optional<std::wstring> readText(const QJsonValue& value) {
+    return value.isString() ? std::optional(value.toString().toStdWString()) : std::nullopt;
+}
+
+}  // namespace
+
+std::optional<UserRecord> readUser(const QJsonValue& value) {
+    Reader reader(value);
+    UserRecord user;
+    user.userName = reader.text("username");
+    user.realName = reader.text("realname");
+    user.headUuid = reader.optionalText("userHeadUuid");
+    user.deptId = reader.text("deptId");
+    return reader.result(std::move(user));
+}
+
+template <class Record, class Read>
+std::optional<std::vector<Record>> PlatformData::list(const QString& path, const std::wstring* deptId, Read read) {
+    Answer answer = m_client.get(path, deptId ? queryOf({{"deptId", *deptId}}) : QUrlQuery());
+    std::vector<Record> records;
+    bool good = answer.result.isArray();
+    for (const QJsonValue& value : answer.result.toArray()) {
+        std::optional<Record> record = read(value);
+        good = good && record;
+        if (record)
+            records.push_back(std::move(*record));
+    }
+    if (answer.ok() && !good)
+        answer = m_client.failure(Outcome::Malformed, answer.status);
+    if (answer.ok())
+        return records;
+    qWarning().noquote() << path << answer.text;
+    return std::nullopt;
+}
+
+std::optional<std::vector<ProjectRecord>> PlatformData::projects() {
+    return list<ProjectRecord>("/rs/platform/projects", nullptr, readProject);
+}
+
+std::optional<std::vector<DeptRecord>> PlatformData::departments(const std::wstring& deptId) {
+    return list<DeptRecord>("/rs/platform/departments", &deptId, readDepartment);
+}
+
+std::optional<std::vector<UserRecord>> PlatformData::users(const std::wstring& deptId) {
+    return list<UserRecord>("/rs/platform/users", &deptId, readUser);
+}
+
+std::optional<std::vector<std::wstring>> PlatformData::rights(const std::wstring& deptId) {
+    return list<std::wstring>("/rs/platform/rights", &deptId, readText);
+}
+
+}  // namespace workbench

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <vector>
+
+#include <QMainWindow>
+
+#include "sdk/packages/IProjectDataMgr.h"
+
+class QComboBox;
+class QLabel;
+class QPlainTextEdit;
+class QToolBar;
+
+namespace BASECORE::CMD {
+class ICmdObject;
+}
+
+namespace workbench {
+
+class BellButton;
+
+/// The workbench's window: commands and projects in the tool bar, what is open in the middle, the log below it, and a
+/// status line that tells whether the service answers.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    MainWindow();
+
+    /// The command, known under `name`, must live until `removeCommands` or the window's end.
+    void addCommand(BASECORE::CMD::ICmdObject& command, const std::wstring& name);
+    void removeCommands();
+    /// Gives the keyboard to the first command, once the window is shown.
+    void focusCommands();
+    void setUser(const QString& realName);
+    void setProjects(const std::vector<PROJECTPACKAGE::ProjectRecord>& projects);
+    /// Shows which project is open; an empty name none. `index` is its place among the projects, or -1.
+    void showProject(int index, const QString& name, const QString& deptName);
+    void showServiceState(bool alive, const QString& text);
+    void showUnread(int count);
+    void appendLog(const QString& line);
+
+    /// Starts the command and logs why it did not start.
+    static void run(BASECORE::CMD::ICmdObject& command, const QString& name);
+
+signals:
+    /// The user chose the project with this index; `showProject` tells what became of it.
+    void projectChosen(int index);
+    /// The user wants the projects to be read again.
+    void projectsWanted();
+    /// The user wants to see the messages.
+    void messagesWanted();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    /// The button can be reached with Tab and pressed with Enter, too.
+    void makeReachable(QWidget* button);
+    QWidget* createStartPage();
+    QDockWidget* createLogPane();
+    void createStatusLine();
+
+    QToolBar* m_commands;
+    QComboBox* m_projects;
+    BellButton* m_bell;
+    QLabel* m_projectTitle;
+    QLabel* m_projectDetails;
+    QPlainTextEdit* m_log;
+    QLabel* m_serviceDot;
+    QLabel* m_serviceText;
+    QLabel* m_user;
+};
+
+}  // namespace workbench

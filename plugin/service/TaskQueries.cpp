@@ -1,0 +1,61 @@
+#include <algorithm>
+
+#include "client/api/DisclosureTaskControllerApi.h"
+#include "plugin/service/CDisclosureManageMgr.h"
+#include "plugin/service/Perform.h"
+#include "plugin/service/TaskRecords.h"
+
+namespace DISCLOSUREPACKAGE {
+
+using TaskApi = io::swagger::client::api::DisclosureTaskControllerApi;
+
+bool CDisclosureManageMgr::PageTasks(const TaskQuery& query, std::vector<TaskRecord>& tasks, int32_t& total) {
+    m_taskCache.clear();
+    return Perform<TaskApi>(
+        *this, &IDisclosureManageMgr::PageTasks, std::tie(query, tasks, total), [&](const TaskApi& api) {
+            const auto answer = Await(api.pageDisclosureTaskByDeptIdAndCatalogId(
+                ToService(query.deptId), ToService(query.disclosureCatalogId), query.status, ToService(query.keyword),
+                query.dateType, query.startDateMills, query.endDateMills, query.currentPage, query.pageSize,
+                ToService(query.orderKey), ToService(query.orderType)));
+            if (!answer || !answer->getResult())
+                return false;
+            const auto before = static_cast<std::ptrdiff_t>(tasks.size());
+            AppendPage(*answer->getResult(), tasks, total);
+            m_taskCache.assign(tasks.begin() + before, tasks.end());
+            return true;
+        });
+}
+
+bool CDisclosureManageMgr::FindCachedTask(const std::wstring& id, TaskRecord& task) {
+    const auto found =
+        std::find_if(m_taskCache.begin(), m_taskCache.end(), [&](const TaskRecord& cached) { return cached.id == id; });
+    if (found == m_taskCache.end())
+        return false;
+    task = *found;
+    return true;
+}
+
+bool CDisclosureManageMgr::QueryTaskById(const std::wstring& id, TaskRecord& task) {
+    return Perform<TaskApi>(*this, &IDisclosureManageMgr::QueryTaskById, std::tie(id, task), [&](const TaskApi& api) {
+        const auto answer = Await(api.getDisclosureTaskById(ToService(id)));
+        if (!answer || !answer->getResult())
+            return false;
+        task = ToRecord(*answer->getResult());
+        return true;
+    });
+}
+
+bool CDisclosureManageMgr::QueryPushConfig(const std::wstring& deptId, PushConfig& config) {
+    config = {};
+    return Perform<TaskApi>(*this, &IDisclosureManageMgr::QueryPushConfig, std::tie(deptId, config),
+                            [&](const TaskApi& api) {
+                                const auto answer = Await(api.queryPushConfig(ToService(deptId)));
+                                if (!answer)
+                                    return false;
+                                if (answer->getResult())  // a department without settings has none
+                                    config = ToRecord(*answer->getResult());
+                                return true;
+                            });
+}
+
+}  // namespace DISCLOSUREPACKAGE

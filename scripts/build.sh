@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# Configures and builds: build.sh PRESET [TARGET...]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+preset=$1
+shift
+log=build/$preset.configure.log
+mkdir -p build
+cmake --preset "$preset" >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
+cmake --build --preset "$preset" ${@:+--target "$@"}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "sdk/Export.h"
+
+class QWidget;
+
+namespace BASEUI {
+
+enum class MessageButtons { Ok, OkCancel };
+enum class MessageResult { Ok = 1, Cancel = 2 };
+
+/// Shows `text` modally and returns the button that was pressed; closing the box is Cancel where it can be chosen.
+/// `owner` may be null.
+HOSTSDK_API MessageResult ShowMessageBox(const std::wstring& text, QWidget* owner = nullptr,
+                                         MessageButtons buttons = MessageButtons::Ok);
+
+/// Answers message boxes in place of the built-in one.
+using MessageBoxHandler = std::function<MessageResult(const std::wstring&, QWidget*, MessageButtons)>;
+/// Process-wide; an empty handler restores the built-in box.
+HOSTSDK_API void SetMessageBoxHandler(MessageBoxHandler handler);
+
+}  // namespace BASEUI

@@ -1,0 +1,73 @@
+#include "service/domain/Accounts.h"
+
+namespace disclosure {
+
+namespace {
+
+// Longer ones cannot be anybody's, and would let a stranger fill the table of attempts.
+constexpr std::size_t LongestUsername = 64;
+constexpr std::size_t LongestPassword = 1024;
+
+}  // namespace
+
+Accounts::Login Accounts::login(IStore& store, const std::string& username, const std::string& password,
+                                const std::string& address) const {
+    if (username.size() > LongestUsername || password.size() > LongestPassword)
+        return {Outcome::Wrong, {}, {}};
+    if (!countAttempt(store, username, address))
+        return {Outcome::Throttled, {}, {}};
+
+    const auto person = store.person(username);
+    if (!m_passwords.matches(password, person ? person->passwordHash : std::string()))
+        return {Outcome::Wrong, {}, {}};
+
+    const std::int64_t now = m_clock();
+    const std::string id = newSecret();
+    Transaction transaction(store, IStore::Access::Write);
+    // A password changed meanwhile has ended every session; the old one must not begin another.
+    const auto still = store.person(username);
+    if (!still || still->passwordHash != person->passwordHash)
+        return {Outcome::Wrong, {}, {}};
+    store.removeLoginAttempts(username, address);
+    store.removeSessionsSeenBefore(now - m_limits.idle);
+    store.addSession({digestOf(id), username, now, now});
+    transaction.commit();
+    return {Outcome::Accepted, id, *person};
+}
+
+/// Counts before the password is looked at, so that attempts in parallel, at any process, are counted all the same.
+bool Accounts::countAttempt(IStore& store, const std::string& username, const std::string& address) const {
+    const std::int64_t now = m_clock();
+    Transaction transaction(store, IStore::Access::Write);
+    store.removeLoginAttemptsBefore(now - m_limits.attemptsWindow);
+    LoginAttempts attempts = store.loginAttempts(username, address);
+    if (attempts.count >= m_limits.attempts)
+        return false;
+    if (attempts.count == 0)
+        attempts.since = now;
+    ++attempts.count;
+    store.putLoginAttempts(username, address, attempts);
+    transaction.commit();
+    return true;
+}
+
+std::optional<std::string> Accounts::personOf(IStore& store, const std::string& sessionId) const {
+    const auto session = store.session(digestOf(sessionId));
+    const std::int64_t now = m_clock();
+    if (!session || now - session->seenAt >= m_limits.idle || now - session->createdAt >= m_limits.absolute)
+        return std::nullopt;
+    if (now - session->seenAt >= m_limits.seenEvery) {
+        Transaction transaction(store, IStore::Access::Write);
+        store.touchSession(session->hash, now);
+        transaction.commit();
+    }
+    return session->username;
+}
+
+void Accounts::logout(IStore& store, const std::string& sessionId) const {
+    Transaction transaction(store, IStore::Access::Write);
+    store.removeSession(digestOf(sessionId));
+    transaction.commit();
+}
+
+}  // namespace disclosure

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "service/domain/Passwords.h"
+#include "service/store/IStore.h"
+
+namespace disclosure {
+
+/// How large a department is made up.
+struct LoadSettings {
+    std::string deptId = "load-dept";
+    std::int64_t tasks = 1'000'000;
+    std::int32_t catalogs = 4000;
+    std::uint32_t seed = 1;
+};
+
+/// Adds a department of its own with people, catalogs and very many tasks, for trying the service at size. The same
+/// settings make the same data. All of it or nothing is there afterwards. The person named as the department, with that
+/// for a password, may do everything in it. Throws std::invalid_argument when the department is there already.
+void seedLoad(IStore& store, const Passwords& passwords, const LoadSettings& settings);
+
+}  // namespace disclosure

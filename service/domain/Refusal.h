@@ -1,0 +1,106 @@
+#pragma once
+
+#include <exception>
+#include <string>
+
+namespace disclosure {
+
+/// Why a rule refuses a request: what the client is told.
+struct Reason {
+    int code;
+    const char* msg;
+};
+
+/// A refusal by a rule. Whatever the request has begun is undone.
+class Refusal : public std::exception {
+public:
+    explicit Refusal(const Reason& reason) : m_code(reason.code), m_msg(reason.msg) {}
+    /// `which` tells one of several that the reason is about.
+    Refusal(const Reason& reason, const std::string& which) : m_code(reason.code), m_msg(reason.msg + ("：" + which)) {}
+    int code() const { return m_code; }
+    const std::string& msg() const { return m_msg; }
+    const char* what() const noexcept override { return m_msg.c_str(); }
+
+private:
+    int m_code;
+    std::string m_msg;
+};
+
+namespace reasons {
+
+inline constexpr Reason NoRightCatalogs{403, "您没有编辑交底目录的权限"};
+inline constexpr Reason NoRightTasks{403, "您没有编辑交底任务的权限"};
+inline constexpr Reason NoRightDelete{403, "您没有删除交底任务的权限"};
+
+inline constexpr Reason NoDepartment{404, "部门不存在"};
+inline constexpr Reason NoCatalog{404, "目录不存在或已被删除"};
+inline constexpr Reason NoParent{404, "上级目录不存在或已被删除"};
+
+inline constexpr Reason NoTask{404, "任务不存在或已被删除"};
+inline constexpr Reason NoPushConfig{404, "提醒设置不存在"};
+inline constexpr Reason NotDiscloser{403, "只有该任务的交底人可以执行此操作"};
+inline constexpr Reason NotReceiver{403, "您不是该任务的接受交底人"};
+
+inline constexpr Reason TaskChanged{409, "任务已被他人修改，请刷新后重试"};
+inline constexpr Reason TaskIdTaken{409, "任务编号已被使用"};
+inline constexpr Reason TaskIdAmbiguous{409, "任务编号在多个部门中重复"};
+inline constexpr Reason TaskPublished{409, "已发布的任务暂不支持编辑"};
+inline constexpr Reason NotPublished{409, "任务尚未发布"};
+inline constexpr Reason AlreadyDisclosed{409, "任务已交底，无需催办"};
+inline constexpr Reason UrgedLately{409, "催办过于频繁，请10分钟后再试"};
+inline constexpr Reason PushConfigExists{409, "部门的提醒设置已存在，请刷新后重试"};
+inline constexpr Reason LogIdTaken{409, "操作记录编号已被使用"};
+
+inline constexpr Reason TaskNameEmpty{422, "任务名称不能为空"};
+inline constexpr Reason TaskNameTooLong{422, "任务名称不能超过128个字符"};
+inline constexpr Reason TaskNameForbidden{422, "任务名称不能包含控制字符"};
+inline constexpr Reason RemarkTooLong{422, "备注不能超过300个字符"};
+inline constexpr Reason RemarkForbidden{422, "备注不能包含控制字符"};
+inline constexpr Reason BadTaskId{422, "任务编号只能由字母、数字、下划线和连字符组成，且不超过64个字符"};
+inline constexpr Reason BadElementId{422, "关联项编号无效"};
+inline constexpr Reason ElementTwice{422, "关联项编号重复"};
+inline constexpr Reason BadDate{422, "日期超出允许的范围"};
+inline constexpr Reason EndsBeforeStart{422, "施工开始日期不得大于施工结束日期"};
+inline constexpr Reason NoDiscloser{422, "请选择交底人"};
+inline constexpr Reason NoReceiver{422, "请选择接受交底人"};
+inline constexpr Reason UnknownDiscloser{422, "交底人不是本组织的人员"};
+inline constexpr Reason UnknownReceiver{422, "接受交底人不是本组织的人员"};
+inline constexpr Reason ReceiverTwice{422, "接受交底人重复"};
+inline constexpr Reason TooManyReceivers{422, "接受交底人不能超过500人"};
+inline constexpr Reason LinkTwice{422, "关联的模型重复"};
+inline constexpr Reason TooManyLinks{422, "最多可关联10个视口或构件"};
+inline constexpr Reason TooManyDocs{422, "最多可关联10份资料"};
+inline constexpr Reason TooManyFiles{422, "最多可上传10个附件"};
+inline constexpr Reason FieldTooLong{422, "关联项的内容过长或包含控制字符"};
+inline constexpr Reason BadLogKind{422, "操作类型无效"};
+
+inline constexpr Reason NotUploader{403, "只能撤回自己上传的文件"};
+inline constexpr Reason NoFile{404, "文件不存在或已被删除"};
+inline constexpr Reason FileInUse{409, "文件已被交底任务引用，不能删除"};
+inline constexpr Reason QuotaUsed{409, "部门的文件存储空间已用完"};
+inline constexpr Reason FileNameEmpty{422, "文件名不能为空"};
+inline constexpr Reason FileNameTooLong{422, "文件名不能超过255个字符"};
+inline constexpr Reason FileNameForbidden{422, "文件名不能包含路径和控制字符"};
+inline constexpr Reason FileTypeUnknown{422, "文件格式不支持，请重新选择文件"};
+inline constexpr Reason FileTooLarge{422, "请上传500M以内的文件"};
+inline constexpr Reason FileExecutable{422, "不能上传可执行文件"};
+inline constexpr Reason DocNotStored{422, "资料尚未上传或已失效，请重新上传"};
+
+inline constexpr Reason NameTaken{409, "同一目录下已有同名目录"};
+inline constexpr Reason TopExists{409, "顶级目录已存在"};
+inline constexpr Reason IdTaken{409, "目录编号已被使用"};
+inline constexpr Reason IdAmbiguous{409, "目录编号在多个部门中重复"};
+inline constexpr Reason HoldsTasks{409, "目录下有交底任务，不能删除"};
+inline constexpr Reason AlreadyFirst{409, "目录已在最前，不能上移"};
+inline constexpr Reason AlreadyLast{409, "目录已在最后，不能下移"};
+inline constexpr Reason TopKeepsName{409, "顶级目录不能重命名"};
+inline constexpr Reason TooDeep{409, "目录层级不能超过32层"};
+inline constexpr Reason TooManyCatalogs{409, "部门的目录数量已达上限"};
+
+inline constexpr Reason NameEmpty{422, "目录名称不能为空"};
+inline constexpr Reason NameTooLong{422, "目录名称不能超过128个字符"};
+inline constexpr Reason NameForbidden{422, "目录名称不能包含控制字符和\\/:*?\"<>|"};
+inline constexpr Reason BadId{422, "目录编号只能由字母、数字、下划线和连字符组成，且不超过64个字符"};
+
+}  // namespace reasons
+}  // namespace disclosure

@@ -1,0 +1,166 @@
+#include "service/domain/Text.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <utility>
+
+#include "service/domain/Refusal.h"
+
+namespace disclosure {
+
+namespace {
+
+constexpr std::size_t LongestName = 128;  // UTF-16 units, as the clients count
+constexpr std::size_t LongestId = 64;
+
+/// The bytes of a code point after its first one, by the first byte; -1 when no code point begins so.
+int trailingBytes(unsigned char first) {
+    if (first < 0x80)
+        return 0;
+    if (first >= 0xC2 && first <= 0xDF)
+        return 1;
+    if ((first & 0xF0U) == 0xE0)
+        return 2;
+    if (first >= 0xF0 && first <= 0xF4)
+        return 3;
+    return -1;
+}
+
+/// Takes one code point off the front of `text`.
+std::optional<char32_t> takeCodePoint(std::string_view& text) {
+    const auto first = static_cast<unsigned char>(text.front());
+    const int more = trailingBytes(first);
+    if (more < 0 || text.size() <= static_cast<std::size_t>(more))
+        return std::nullopt;
+    char32_t point = more == 0 ? first : first & (0x3FU >> static_cast<unsigned>(more));
+    for (int i = 1; i <= more; ++i) {
+        const auto byte = static_cast<unsigned char>(text[static_cast<std::size_t>(i)]);
+        if ((byte & 0xC0U) != 0x80)
+            return std::nullopt;
+        point = (point << 6U) | (byte & 0x3FU);
+    }
+    const bool overlong = (more == 2 && point < 0x800) || (more == 3 && point < 0x10000);
+    if (overlong || (point >= 0xD800 && point <= 0xDFFF) || point > 0x10FFFF)
+        return std::nullopt;
+    text.remove_prefix(static_cast<std::size_t>(more) + 1);
+    return point;
+}
+
+bool isBlank(char32_t point) {
+    return point == U' ' || point == 0xA0 || point == 0x1680 || (point >= 0x2000 && point <= 0x200A) ||
+           point == 0x2028 || point == 0x2029 || point == 0x202F || point == 0x205F || point == 0x3000;
+}
+
+bool isShapeless(char32_t point) {
+    static constexpr std::pair<char32_t, char32_t> Ranges[] = {
+        {0x00AD, 0x00AD}, {0x061C, 0x061C}, {0x115F, 0x1160}, {0x180B, 0x180F},  {0x200B, 0x200F},
+        {0x202A, 0x202E}, {0x2060, 0x206F}, {0x2800, 0x2800}, {0x3164, 0x3164},  {0xFE00, 0xFE0F},
+        {0xFEFF, 0xFEFF}, {0xFFA0, 0xFFA0}, {0xFFF9, 0xFFFB}, {0xE0000, 0xE0FFF}};
+    return std::any_of(std::begin(Ranges), std::end(Ranges),
+                       [point](const auto& range) { return point >= range.first && point <= range.second; });
+}
+
+bool isControl(char32_t point) {
+    return point < 0x20 || (point >= 0x7F && point <= 0x9F);
+}
+
+bool mayNotBeInName(char32_t point) {
+    return isControl(point) || std::u32string_view(U"\\/:*?\"<>|").find(point) != std::u32string_view::npos;
+}
+
+}  // namespace
+
+bool isUtf8(std::string_view text) {
+    while (!text.empty()) {
+        if (!takeCodePoint(text))
+            return false;
+    }
+    return true;
+}
+
+std::optional<std::u32string> codePoints(std::string_view text) {
+    std::u32string points;
+    points.reserve(text.size());
+    while (!text.empty()) {
+        const auto point = takeCodePoint(text);
+        if (!point)
+            return std::nullopt;
+        points.push_back(*point);
+    }
+    return points;
+}
+
+bool isId(std::string_view text) {
+    return !text.empty() && text.size() <= LongestId && std::all_of(text.begin(), text.end(), [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '-';
+    });
+}
+
+bool isMailAddress(std::string_view text) {
+    constexpr std::size_t Longest = 254;
+    constexpr std::size_t LongestLocal = 64;
+    constexpr std::string_view Signs = ".!#$%&'*+/=?^_`{|}~-";
+    const auto isAlphanumeric = [](char c) {
+        return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
+    };
+    const auto hasEmptyPart = [](std::string_view dotted) {
+        return dotted.empty() || dotted.front() == '.' || dotted.back() == '.' ||
+               dotted.find("..") != std::string_view::npos;
+    };
+    const auto at = text.find('@');
+    if (text.size() > Longest || at == std::string_view::npos || at > LongestLocal)
+        return false;
+    const auto local = text.substr(0, at);
+    const auto domain = text.substr(at + 1);
+    return !hasEmptyPart(local) && !hasEmptyPart(domain) && local.front() != '-' && domain.front() != '-' &&
+           std::all_of(local.begin(), local.end(),
+                       [&](char c) { return isAlphanumeric(c) || Signs.find(c) != std::string_view::npos; }) &&
+           std::all_of(domain.begin(), domain.end(), [&](char c) { return isAlphanumeric(c) || c == '.' || c == '-'; });
+}
+
+std::size_t lengthOf(std::string_view text) {
+    const auto points = codePoints(text).value_or(std::u32string());
+    const auto pairs = std::count_if(points.begin(), points.end(), [](char32_t point) { return point > 0xFFFF; });
+    return points.size() + static_cast<std::size_t>(pairs);
+}
+
+std::string trimmed(std::string_view text) {
+    const auto points = codePoints(text).value_or(std::u32string());
+    const auto begin = std::find_if_not(points.begin(), points.end(), isBlank);
+    const auto end = std::find_if_not(points.rbegin(), std::make_reverse_iterator(begin), isBlank).base();
+
+    const auto bytesOf = [](char32_t point) { return point < 0x80 ? 1 : point < 0x800 ? 2 : point < 0x10000 ? 3 : 4; };
+    std::size_t skipped = 0;
+    std::size_t kept = 0;
+    for (auto it = points.begin(); it != end; ++it)
+        (it < begin ? skipped : kept) += static_cast<std::size_t>(bytesOf(*it));
+    return std::string(text.substr(skipped, kept));
+}
+
+bool showsSomething(std::string_view text) {
+    const auto points = codePoints(text).value_or(std::u32string());
+    return std::any_of(points.begin(), points.end(),
+                       [](char32_t point) { return !isBlank(point) && !isShapeless(point); });
+}
+
+bool hasControls(std::string_view text, bool lines) {
+    const auto points = codePoints(text).value_or(std::u32string());
+    return std::any_of(points.begin(), points.end(), [lines](char32_t point) {
+        return isControl(point) && !(lines && (point == U'\n' || point == U'\r' || point == U'\t'));
+    });
+}
+
+std::string checkedCatalogName(std::string_view name) {
+    const auto points = codePoints(name);
+    if (!points || std::any_of(points->begin(), points->end(), mayNotBeInName))
+        throw Refusal(reasons::NameForbidden);
+    std::string checked = trimmed(name);
+    if (!showsSomething(checked))
+        throw Refusal(reasons::NameEmpty);
+    if (lengthOf(checked) > LongestName)
+        throw Refusal(reasons::NameTooLong);
+    return checked;
+}
+
+}  // namespace disclosure

@@ -1,0 +1,70 @@
+#include "service/http/Messages.h"
+
+#include <spdlog/spdlog.h>
+
+#include "service/files/FileFolder.h"
+#include "service/store/IStore.h"
+
+namespace disclosure {
+
+namespace http = boost::beast::http;
+
+namespace {
+
+std::string errorBody(int code, const std::string& msg) {
+    JsonBuffer buffer;
+    JsonWriter writer(buffer);
+    writer.StartObject();
+    write(writer, "code", code);
+    write(writer, "success", false);
+    write(writer, "msg", msg);
+    writer.Key("result");
+    writer.Null();
+    writer.EndObject();
+    return {buffer.GetString(), buffer.GetSize()};
+}
+
+}  // namespace
+
+Response answerWith(http::status status, const char* contentType, std::string body) {
+    Response response(status, 11);
+    if (!body.empty())
+        response.set(http::field::content_type, contentType);
+    response.set(http::field::cache_control, "no-store");
+    response.set("X-Content-Type-Options", "nosniff");
+    response.body() = std::move(body);
+    return response;
+}
+
+Response answerTo(const HttpError& error) {
+    Response response = answerWith(error.status(), JsonType,
+                                   error.msg().empty() ? "" : errorBody(static_cast<int>(error.status()), error.msg()));
+    if (!error.header().empty())
+        response.set(error.header(), error.value());
+    return response;
+}
+
+Response answerTo(const Refusal& refusal) {
+    return answerWith(http::status::ok, JsonType, errorBody(refusal.code(), refusal.msg()));
+}
+
+Response answerToFailure(std::string_view what) noexcept {
+    try {
+        throw;
+    } catch (const HttpError& error) {
+        return answerTo(error);
+    } catch (const Refusal& refusal) {
+        return answerTo(refusal);
+    } catch (const std::exception& error) {
+        spdlog::error("{}: {}", what, error.what());
+        if (dynamic_cast<const DiskFull*>(&error) || isDatabaseFull(error))
+            return answerTo(HttpError(http::status::insufficient_storage, "服务器存储空间不足"));
+        return answerTo(HttpError(http::status::internal_server_error, "服务内部错误，请稍后重试"));
+    }
+}
+
+Response answerBusy() {
+    return answerTo(HttpError(http::status::service_unavailable, "服务繁忙，请稍后重试", "Retry-After", "1"));
+}
+
+}  // namespace disclosure

@@ -1,0 +1,127 @@
+#include "service/http/Server.h"
+
+#include <algorithm>
+#include <boost/asio/post.hpp>
+#include <boost/asio/strand.hpp>
+#include <csignal>
+#include <spdlog/spdlog.h>
+#include <thread>
+
+namespace disclosure {
+
+namespace asio = boost::asio;
+using asio::ip::tcp;
+
+namespace {
+
+constexpr std::chrono::milliseconds AcceptPause{100};
+constexpr std::chrono::milliseconds DrainCheck{20};
+
+}  // namespace
+
+Server::Server(Dispatcher& dispatcher, const Settings& settings)
+    : m_settings(settings),
+      m_dispatcher(dispatcher),
+      m_io(static_cast<int>(settings.ioThreads)),
+      m_acceptor(asio::make_strand(m_io)),
+      m_signals(m_acceptor.get_executor()),
+      m_timer(m_acceptor.get_executor()) {
+    const tcp::endpoint endpoint =
+        tcp::resolver(m_io).resolve(settings.host, std::to_string(settings.port)).begin()->endpoint();
+    m_acceptor.open(endpoint.protocol());
+    m_acceptor.set_option(tcp::acceptor::reuse_address(true));
+    m_acceptor.bind(endpoint);
+    m_acceptor.listen();
+    m_port = m_acceptor.local_endpoint().port();
+}
+
+void Server::run(bool untilSignal) {
+    if (untilSignal) {
+        m_signals.add(SIGINT);
+        m_signals.add(SIGTERM);
+        m_signals.async_wait([this](boost::system::error_code error, int) {
+            if (!error)
+                drain();
+        });
+    }
+    asio::post(m_acceptor.get_executor(), [this] { accept(); });
+    std::vector<std::thread> threads;
+    for (std::size_t i = 1; i < m_settings.ioThreads; ++i)
+        threads.emplace_back([this] { serve(); });
+    serve();
+    for (std::thread& thread : threads)
+        thread.join();
+    // What was cut off at the deadline may still be at work, and will look for its connection.
+    m_dispatcher.settle();
+}
+
+void Server::serve() {
+    for (;;) {
+        try {
+            m_io.run();
+            return;
+        } catch (const std::exception& error) {
+            // One connection's failure, as when memory runs out, must not end the others.
+            spdlog::error("connection: {}", error.what());
+        }
+    }
+}
+
+void Server::stop() {
+    asio::post(m_acceptor.get_executor(), [this] { drain(); });
+}
+
+void Server::accept() {
+    m_acceptor.async_accept(asio::make_strand(m_io), [this](boost::system::error_code error, tcp::socket socket) {
+        if (m_draining)
+            return;
+        if (error) {
+            // Out of descriptors, most likely: asking again at once would only burn the processor.
+            spdlog::warn("accept: {}", error.message());
+            m_timer.expires_after(AcceptPause);
+            m_timer.async_wait([this](boost::system::error_code) {
+                if (!m_draining)
+                    accept();
+            });
+            return;
+        }
+        if (m_connections.size() >= m_settings.mostConnections)
+            std::erase_if(m_connections, [](const auto& connection) { return connection.expired(); });
+        if (m_connections.size() < m_settings.mostConnections) {
+            const auto connection = std::make_shared<Connection>(std::move(socket), m_dispatcher, m_settings.limits);
+            m_connections.push_back(connection);
+            connection->start();
+        }
+        accept();
+    });
+}
+
+void Server::drain() {
+    if (m_draining)
+        return;
+    m_draining = true;
+    boost::system::error_code ignored;
+    m_signals.cancel(ignored);
+    m_acceptor.close(ignored);
+    for (const auto& known : m_connections) {
+        if (const auto connection = known.lock())
+            connection->drain();
+    }
+    m_deadline = std::chrono::steady_clock::now() + m_settings.drainTime;
+    awaitDrained();
+}
+
+/// The time-outs of reading and writing end every connection, but a slow client may not hold up the end that long.
+void Server::awaitDrained() {
+    std::erase_if(m_connections, [](const auto& connection) { return connection.expired(); });
+    if (m_connections.empty())
+        return;
+    if (std::chrono::steady_clock::now() >= m_deadline) {
+        m_io.stop();
+        return;
+    }
+    m_timer.expires_after(DrainCheck);
+    m_timer.async_wait([this](boost::system::error_code) { awaitDrained(); });
+}
+
+}  // namespace disclosure

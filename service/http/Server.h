@@ -1,0 +1,56 @@
+#pragma once
+
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/ip/tcp.hpp>
+#include <boost/asio/signal_set.hpp>
+#include <boost/asio/steady_timer.hpp>
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "service/http/Connection.h"
+
+namespace disclosure {
+
+/// Listens, accepts, and ends in good order.
+class Server {
+public:
+    struct Settings {
+        std::string host = "127.0.0.1";
+        std::uint16_t port = 0;  // 0 takes a free one
+        std::size_t ioThreads = 2;
+        std::size_t mostConnections = 2000;
+        ConnectionLimits limits;
+        std::chrono::milliseconds drainTime{15'000};  // for requests in hand when it ends
+    };
+
+    /// Listens from now on. Throws when the address cannot be had.
+    Server(Dispatcher& dispatcher, const Settings& settings);
+
+    std::uint16_t port() const { return m_port; }
+    /// Serves until `stop`, or with `untilSignal` until SIGINT or SIGTERM.
+    void run(bool untilSignal = false);
+    /// Takes no more requests and lets `run` return when those in hand are answered. From any thread.
+    void stop();
+
+private:
+    void accept();
+    void serve();
+    void drain();
+    void awaitDrained();
+
+    Settings m_settings;
+    Dispatcher& m_dispatcher;
+    boost::asio::io_context m_io;
+    boost::asio::ip::tcp::acceptor m_acceptor;
+    boost::asio::signal_set m_signals;
+    boost::asio::steady_timer m_timer;
+    std::uint16_t m_port = 0;
+    bool m_draining = false;  // this and what follows is touched on the acceptor's strand only
+    std::chrono::steady_clock::time_point m_deadline;
+    std::vector<std::weak_ptr<Connection>> m_connections;
+};
+
+}  // namespace disclosure

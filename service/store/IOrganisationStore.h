@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "service/domain/Records.h"
+#include "service/domain/Rights.h"
+
+namespace disclosure {
+
+/// Departments, their projects, their members and what these may do.
+class IOrganisationStore {
+public:
+    virtual std::optional<Department> department(const std::string& deptId) = 0;
+    /// The department and everything below it, parents first.
+    virtual std::vector<Department> departmentsFrom(const std::string& deptId) = 0;
+    /// The members of the department and of everything below it, each once, by login name.
+    virtual std::vector<Person> peopleFrom(const std::string& deptId) = 0;
+    /// The projects of every department the person is a member of, by number.
+    virtual std::vector<Project> projectsOf(const std::string& username) = 0;
+    /// The person's rights in the department; nothing when not a member of it or of one above it.
+    virtual std::optional<Rights> rightsOf(const std::string& username, const std::string& deptId) = 0;
+
+    virtual void putDepartment(const Department& department) = 0;
+    virtual void putProject(const Project& project) = 0;
+    virtual void putMember(const std::string& deptId, const std::string& username) = 0;
+    /// Makes the member's rights in the department exactly these.
+    virtual void putRights(const std::string& deptId, const std::string& username, const Rights& rights) = 0;
+
+protected:
+    ~IOrganisationStore() = default;
+};
+
+}  // namespace disclosure

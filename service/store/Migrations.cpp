@@ -1,0 +1,211 @@
+#include "service/store/Migrations.h"
+
+namespace disclosure {
+
+namespace {
+
+// What belongs to a department has the department's id first in its keys, so that the tables can be spread over several
+// database servers by department. People, sessions and log-in attempts belong to no department.
+const std::vector<Migration> Steps{
+    {
+        // 1: the organisation, its people and their sessions
+        R"(CREATE TABLE department (dept_id VARCHAR(64) PRIMARY KEY, dept_name VARCHAR(256) NOT NULL,
+            parent_id VARCHAR(64) REFERENCES department (dept_id)))",
+        "CREATE INDEX department_parent ON department (parent_id)",
+        R"(CREATE TABLE person (username VARCHAR(64) PRIMARY KEY, realname VARCHAR(128) NOT NULL, head_uuid
+            VARCHAR(64) NOT NULL, dept_id VARCHAR(64) NOT NULL REFERENCES department (dept_id), password_hash
+            VARCHAR(256) NOT NULL))",
+        R"(CREATE TABLE member (dept_id VARCHAR(64) NOT NULL REFERENCES department (dept_id), username
+            VARCHAR(64) NOT NULL REFERENCES person (username), PRIMARY KEY (dept_id, username)))",
+        "CREATE INDEX member_username ON member (username, dept_id)",
+        R"(CREATE TABLE granted (dept_id VARCHAR(64) NOT NULL, username VARCHAR(64) NOT NULL, right_key
+            VARCHAR(64) NOT NULL, PRIMARY KEY (dept_id, username, right_key), FOREIGN KEY (dept_id, username)
+            REFERENCES member (dept_id, username) ON DELETE CASCADE))",
+        R"(CREATE TABLE project (dept_id VARCHAR(64) NOT NULL REFERENCES department (dept_id), ppid INTEGER
+            NOT NULL, name VARCHAR(256) NOT NULL, PRIMARY KEY (dept_id, ppid)))",
+        R"(CREATE TABLE web_session (hash VARCHAR(64) PRIMARY KEY, username VARCHAR(64) NOT NULL REFERENCES
+            person (username) ON DELETE CASCADE, created_at BIGINT NOT NULL, seen_at BIGINT NOT NULL))",
+        "CREATE INDEX web_session_seen ON web_session (seen_at)",
+        "CREATE INDEX web_session_username ON web_session (username)",
+        R"(CREATE TABLE login_attempt (username VARCHAR(64) NOT NULL, address VARCHAR(64) NOT NULL, since
+            BIGINT NOT NULL, attempts INTEGER NOT NULL, PRIMARY KEY (username, address)))",
+        "CREATE INDEX login_attempt_since ON login_attempt (since)",
+    },
+    {
+        // 2: the catalogs
+        R"(CREATE TABLE catalog (dept_id VARCHAR(64) NOT NULL REFERENCES department (dept_id), catalog_id
+            VARCHAR(64) NOT NULL, parent_id VARCHAR(64), name VARCHAR(512) NOT NULL, sort INTEGER NOT NULL,
+            depth INTEGER NOT NULL, PRIMARY KEY (dept_id, catalog_id), FOREIGN KEY (dept_id, parent_id)
+            REFERENCES catalog (dept_id, catalog_id) ON DELETE CASCADE))",
+        "CREATE UNIQUE INDEX catalog_top ON catalog (dept_id) WHERE parent_id IS NULL",
+        "CREATE UNIQUE INDEX catalog_name ON catalog (dept_id, parent_id, name)",
+        "CREATE INDEX catalog_sort ON catalog (dept_id, parent_id, sort)",
+        // Requests name a catalog without its department.
+        "CREATE INDEX catalog_by_id ON catalog (catalog_id)",
+    },
+    {
+        // 3: the tasks, as far as the catalogs need to know them
+        R"(CREATE TABLE task (dept_id VARCHAR(64) NOT NULL, task_id VARCHAR(64) NOT NULL, catalog_id
+            VARCHAR(64) NOT NULL, name VARCHAR(512) NOT NULL, PRIMARY KEY (dept_id, task_id), FOREIGN KEY
+            (dept_id, catalog_id) REFERENCES catalog (dept_id, catalog_id) ON DELETE CASCADE))",
+        "CREATE INDEX task_catalog ON task (dept_id, catalog_id)",
+    },
+    {
+        // 4: the whole of the tasks; until now no request could store one
+        "DROP TABLE task",
+        "ALTER TABLE catalog ADD COLUMN task_number INTEGER NOT NULL DEFAULT 0",
+        "ALTER TABLE catalog ADD COLUMN subtree_number INTEGER NOT NULL DEFAULT 0",
+        "CREATE TABLE task (rid INTEGER PRIMARY KEY, dept_id VARCHAR(64) NOT NULL, task_id VARCHAR(64) NOT NULL, "
+        "catalog_id VARCHAR(64) NOT NULL, name VARCHAR(512) NOT NULL, search_name VARCHAR(512) NOT NULL, "
+        "discloser VARCHAR(64) NOT NULL DEFAULT '', construction_start BIGINT NOT NULL DEFAULT 0, "
+        "construction_end BIGINT NOT NULL DEFAULT 0, plan_disclosure BIGINT NOT NULL DEFAULT 0, "
+        "actual_disclosure BIGINT NOT NULL DEFAULT 0, expiry BIGINT NOT NULL DEFAULT 0, "
+        "published INTEGER NOT NULL DEFAULT 0, remark VARCHAR(8000) NOT NULL DEFAULT '', "
+        "state INTEGER NOT NULL DEFAULT 1, deadline BIGINT NOT NULL DEFAULT 9223372036854775807, "
+        "updated_by VARCHAR(64) NOT NULL DEFAULT '', updated_at BIGINT NOT NULL DEFAULT 0, "
+        "confirmed_at BIGINT NOT NULL DEFAULT 0, confirm_remark VARCHAR(8000) NOT NULL DEFAULT '', "
+        "urged_at BIGINT NOT NULL DEFAULT 0, UNIQUE (dept_id, task_id), "
+        "FOREIGN KEY (dept_id, catalog_id) REFERENCES catalog (dept_id, catalog_id) ON DELETE CASCADE)",
+        "CREATE INDEX task_by_id ON task (task_id)",
+        // One for each order of the list, with what its filters ask, so that passing over tasks reads nothing else.
+        "CREATE INDEX task_updated ON task (dept_id, updated_at, rid, catalog_id, state, deadline)",
+        "CREATE INDEX task_name ON task (dept_id, search_name, rid, catalog_id, state, deadline)",
+        "CREATE INDEX task_discloser ON task (dept_id, discloser, rid, catalog_id, state, deadline)",
+        "CREATE INDEX task_construction_start ON task (dept_id, construction_start, rid, catalog_id, state, deadline)",
+        "CREATE INDEX task_construction_end ON task (dept_id, construction_end, rid, catalog_id, state, deadline)",
+        "CREATE INDEX task_plan ON task (dept_id, plan_disclosure, rid, catalog_id, state, deadline)",
+        "CREATE INDEX task_actual ON task (dept_id, actual_disclosure, rid, catalog_id, state, deadline)",
+        "CREATE INDEX task_of_discloser ON task (discloser, dept_id)",
+        "CREATE INDEX task_catalog ON task (dept_id, catalog_id, updated_at, rid, state, deadline)",
+        "CREATE INDEX task_state ON task (dept_id, state, deadline, catalog_id)",
+        "CREATE INDEX task_deadline ON task (dept_id, deadline, catalog_id)",
+        "CREATE TABLE task_receiver (dept_id VARCHAR(64) NOT NULL, task_rid BIGINT NOT NULL, "
+        "position INTEGER NOT NULL, receiver_id VARCHAR(64) NOT NULL, "
+        "username VARCHAR(64) NOT NULL, confirmed_at BIGINT NOT NULL, PRIMARY KEY (dept_id, task_rid, position)) "
+        "WITHOUT ROWID",
+        "CREATE INDEX task_receiver_person ON task_receiver (username, dept_id, task_rid)",
+        "CREATE TABLE task_viewport (dept_id VARCHAR(64) NOT NULL, task_rid BIGINT NOT NULL, "
+        "position INTEGER NOT NULL, link_id VARCHAR(64) NOT NULL, "
+        "ppid INTEGER NOT NULL, viewport_id VARCHAR(128) NOT NULL, PRIMARY KEY (dept_id, task_rid, position)) WITHOUT "
+        "ROWID",
+        "CREATE TABLE task_node (dept_id VARCHAR(64) NOT NULL, task_rid BIGINT NOT NULL, "
+        "position INTEGER NOT NULL, link_id VARCHAR(64) NOT NULL, "
+        "ppid INTEGER NOT NULL, node_id VARCHAR(128) NOT NULL, PRIMARY KEY (dept_id, task_rid, position)) WITHOUT "
+        "ROWID",
+        "CREATE TABLE task_doc (dept_id VARCHAR(64) NOT NULL, task_rid BIGINT NOT NULL, "
+        "position INTEGER NOT NULL, doc_id VARCHAR(64) NOT NULL, "
+        "ppid INTEGER NOT NULL, name VARCHAR(512) NOT NULL, uuid VARCHAR(128) NOT NULL, md5 VARCHAR(128) NOT NULL, "
+        "size INTEGER NOT NULL, extension VARCHAR(128) NOT NULL, source_type INTEGER NOT NULL, "
+        "ref_doc_id VARCHAR(128) NOT NULL, PRIMARY KEY (dept_id, task_rid, position)) WITHOUT ROWID",
+        "CREATE TABLE task_attachment (dept_id VARCHAR(64) NOT NULL, task_rid BIGINT NOT NULL, "
+        "position INTEGER NOT NULL, attachment_id VARCHAR(64) NOT NULL, "
+        "name VARCHAR(512) NOT NULL, uuid VARCHAR(128) NOT NULL, md5 VARCHAR(128) NOT NULL, size INTEGER NOT NULL, "
+        "extension VARCHAR(128) NOT NULL, thumbnail_uuid VARCHAR(128) NOT NULL, "
+        "thumbnail_md5 VARCHAR(128) NOT NULL, thumbnail_size INTEGER NOT NULL, PRIMARY KEY (dept_id, task_rid, "
+        "position)) "
+        "WITHOUT ROWID",
+        // The log outlives its task.
+        "CREATE TABLE task_log (rid INTEGER PRIMARY KEY, dept_id VARCHAR(64) NOT NULL, task_id VARCHAR(64) NOT NULL, "
+        "log_id VARCHAR(64) NOT NULL, username VARCHAR(64) NOT NULL, op_time BIGINT NOT NULL, kind INTEGER NOT NULL, "
+        "source_id VARCHAR(128) NOT NULL DEFAULT '', source_name VARCHAR(512) NOT NULL DEFAULT '', "
+        "source_uuid VARCHAR(128) NOT NULL DEFAULT '', source_md5 VARCHAR(128) NOT NULL DEFAULT '', "
+        "source_size INTEGER NOT NULL DEFAULT 0, source_extension VARCHAR(128) NOT NULL DEFAULT '')",
+        "CREATE INDEX task_log_task ON task_log (dept_id, task_id, rid)",
+        "CREATE TABLE push_config (dept_id VARCHAR(64) PRIMARY KEY REFERENCES department (dept_id), "
+        "config_id VARCHAR(64) NOT NULL, notify_advance INTEGER NOT NULL, days_advance INTEGER NOT NULL, "
+        "advance_frequency INTEGER NOT NULL, notify_overdue INTEGER NOT NULL, overdue_frequency INTEGER NOT NULL)",
+        "CREATE INDEX push_config_id ON push_config (config_id)",
+    },
+    {
+// 5: what follows from the tasks by itself: their numbers in each catalog, the index of their names, and the
+// end of their lists
+#define DISCLOSURE_COUNT(row, change)                                                                               \
+    "UPDATE catalog SET task_number = task_number " change " WHERE dept_id = " row ".dept_id AND catalog_id = " row \
+    ".catalog_id; UPDATE catalog SET subtree_number = subtree_number " change " WHERE dept_id = " row               \
+    ".dept_id AND catalog_id IN (WITH RECURSIVE up(id) AS (SELECT " row                                             \
+    ".catalog_id UNION ALL SELECT c.parent_id FROM up CROSS JOIN catalog c WHERE c.dept_id = " row                  \
+    ".dept_id AND c.catalog_id = up.id AND c.parent_id IS NOT NULL) SELECT id FROM up); "
+#define DISCLOSURE_FORGET(table) "DELETE FROM " table " WHERE dept_id = old.dept_id AND task_rid = old.rid; "
+#define DISCLOSURE_GRAMS(row) "name_grams(" row ".dept_id, " row ".search_name)"
+        "CREATE VIRTUAL TABLE task_gram USING fts5(grams, content = '', detail = none, columnsize = 0, "
+        "tokenize = \"ascii tokenchars '_-.'\")",
+        "CREATE TRIGGER task_added AFTER INSERT ON task BEGIN " DISCLOSURE_COUNT(
+            "new", "+ 1") "INSERT INTO task_gram (rowid, grams) VALUES (new.rid, " DISCLOSURE_GRAMS("new") "); END",
+        "CREATE TRIGGER task_removed AFTER DELETE ON task BEGIN " DISCLOSURE_COUNT(
+            "old", "- 1") "INSERT INTO task_gram (task_gram, rowid, grams) VALUES ('delete', "
+                          "old.rid, " DISCLOSURE_GRAMS("old") "); " DISCLOSURE_FORGET("task_receiver")
+                              DISCLOSURE_FORGET("task_viewport") DISCLOSURE_FORGET("task_node")
+                                  DISCLOSURE_FORGET("task_doc") DISCLOSURE_FORGET("task_attachment") "END",
+        "CREATE TRIGGER task_moved AFTER UPDATE OF catalog_id ON task WHEN new.catalog_id <> old.catalog_id "
+        "BEGIN " DISCLOSURE_COUNT("old", "- 1") DISCLOSURE_COUNT("new", "+ 1") "END",
+        "CREATE TRIGGER task_renamed AFTER UPDATE OF search_name ON task WHEN new.search_name <> old.search_name BEGIN "
+        "INSERT INTO task_gram (task_gram, rowid, grams) VALUES ('delete', old.rid, " DISCLOSURE_GRAMS(
+            "old") "); "
+                   "INSERT INTO task_gram (rowid, grams) VALUES (new.rid, " DISCLOSURE_GRAMS("new") "); END",
+#undef DISCLOSURE_GRAMS
+#undef DISCLOSURE_FORGET
+#undef DISCLOSURE_COUNT
+    },
+    {
+        // 6: the files
+        "CREATE TABLE stored_file (dept_id VARCHAR(64) NOT NULL REFERENCES department (dept_id), "
+        "uuid VARCHAR(64) NOT NULL, name VARCHAR(1024) NOT NULL, extension VARCHAR(16) NOT NULL, "
+        "md5 VARCHAR(32) NOT NULL, size BIGINT NOT NULL, uploaded_by VARCHAR(64) NOT NULL, "
+        "stored_at BIGINT NOT NULL, loose_since BIGINT NOT NULL, PRIMARY KEY (dept_id, uuid)) WITHOUT ROWID",
+        // The sweep knows a content by its uuid only.
+        "CREATE INDEX stored_file_uuid ON stored_file (uuid)",
+        "CREATE INDEX stored_file_size ON stored_file (dept_id, size)",
+        "CREATE INDEX stored_file_loose ON stored_file (loose_since) WHERE loose_since > 0",
+        "CREATE TABLE file_upload (dept_id VARCHAR(64) NOT NULL REFERENCES department (dept_id), "
+        "uuid VARCHAR(64) NOT NULL, size BIGINT NOT NULL, begun_at BIGINT NOT NULL, PRIMARY KEY (dept_id, uuid)) "
+        "WITHOUT ROWID",
+        "CREATE INDEX file_upload_begun ON file_upload (begun_at)",
+        "CREATE INDEX task_doc_uuid ON task_doc (dept_id, uuid)",
+        "CREATE INDEX task_attachment_uuid ON task_attachment (dept_id, uuid)",
+        "CREATE INDEX task_attachment_thumbnail ON task_attachment (dept_id, thumbnail_uuid)",
+        // A file that a list gives up, be it that its task or its catalog goes, is looked at by the next sweep.
+        "CREATE TRIGGER task_doc_removed AFTER DELETE ON task_doc BEGIN UPDATE stored_file SET loose_since = 1 "
+        "WHERE dept_id = old.dept_id AND uuid = old.uuid; END",
+        "CREATE TRIGGER task_attachment_removed AFTER DELETE ON task_attachment BEGIN UPDATE stored_file SET "
+        "loose_since = 1 WHERE dept_id = old.dept_id AND uuid IN (old.uuid, old.thumbnail_uuid); END",
+    },
+    {
+        // 7: reminders, the messages and mails they make, and where the mails go
+        "ALTER TABLE person ADD COLUMN mail VARCHAR(254) NOT NULL DEFAULT ''",
+        "CREATE INDEX task_overdue ON task (dept_id, deadline, rid) WHERE state <> 2",
+        "CREATE TABLE reminder_run (dept_id VARCHAR(64) NOT NULL, kind INTEGER NOT NULL, day BIGINT NOT NULL, "
+        "place_time BIGINT NOT NULL, place_rid BIGINT NOT NULL, PRIMARY KEY (dept_id, kind))",
+        // What a run has passed already may be changed afterwards, so that it becomes due after all.
+        "CREATE TABLE reminder_changed (dept_id VARCHAR(64) NOT NULL, task_rid BIGINT NOT NULL, "
+        "PRIMARY KEY (dept_id, task_rid)) WITHOUT ROWID",
+        "CREATE TRIGGER task_reminded AFTER UPDATE OF plan_disclosure, deadline, published, discloser, state ON task "
+        "WHEN new.state <> 2 AND EXISTS (SELECT 1 FROM push_config c WHERE c.dept_id = new.dept_id AND "
+        "(c.notify_advance = 1 OR c.notify_overdue = 1)) BEGIN INSERT INTO reminder_changed (dept_id, task_rid) "
+        "VALUES (new.dept_id, new.rid) ON CONFLICT DO NOTHING; END",
+        "CREATE TABLE reminder (dept_id VARCHAR(64) NOT NULL, task_id VARCHAR(64) NOT NULL, kind INTEGER NOT NULL, "
+        "due VARCHAR(32) NOT NULL, username VARCHAR(64) NOT NULL, made_at BIGINT NOT NULL, "
+        "PRIMARY KEY (dept_id, task_id, kind, due, username)) WITHOUT ROWID",
+        "CREATE INDEX reminder_made ON reminder (made_at)",
+        "CREATE TABLE message (rid INTEGER PRIMARY KEY, dept_id VARCHAR(64) NOT NULL, username VARCHAR(64) NOT NULL, "
+        "task_id VARCHAR(64) NOT NULL, kind INTEGER NOT NULL, text VARCHAR(1024) NOT NULL, created_at BIGINT NOT NULL, "
+        "is_read INTEGER NOT NULL DEFAULT 0)",
+        "CREATE INDEX message_person ON message (username, created_at, rid)",
+        "CREATE INDEX message_unread ON message (username) WHERE is_read = 0",
+        "CREATE INDEX message_created ON message (created_at)",
+        "CREATE TABLE mail (dept_id VARCHAR(64) NOT NULL, mail_id VARCHAR(64) NOT NULL, task_id VARCHAR(64) NOT NULL, "
+        "kind INTEGER NOT NULL, due VARCHAR(32) NOT NULL, username VARCHAR(64) NOT NULL, subject VARCHAR(1024) NOT "
+        "NULL, text VARCHAR(1024) NOT NULL, "
+        "created_at BIGINT NOT NULL, attempts INTEGER NOT NULL, claimed_at BIGINT NOT NULL, wake_at BIGINT NOT NULL, "
+        "PRIMARY KEY (dept_id, mail_id))",
+        "CREATE INDEX mail_wake ON mail (wake_at)",
+        "CREATE INDEX mail_claimed ON mail (claimed_at)",
+    },
+};
+
+}  // namespace
+
+std::span<const Migration> migrations() {
+    return Steps;
+}
+
+}  // namespace disclosure

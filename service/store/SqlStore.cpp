@@ -1,0 +1,52 @@
+#include "service/store/SqlStore.h"
+
+#include <spdlog/spdlog.h>
+
+#include "service/store/Migrations.h"
+
+namespace disclosure {
+
+SqlStore::SqlStore(std::unique_ptr<soci::session> sql, std::string beginWrite, std::mutex& writers)
+    : m_sql(std::move(sql)), m_beginWrite(std::move(beginWrite)), m_writing(writers, std::defer_lock) {}
+
+SqlStore::~SqlStore() = default;
+
+void SqlStore::begin(Access access) {
+    if (access == Access::Read) {
+        *m_sql << "BEGIN";
+        return;
+    }
+    m_writing.lock();
+    try {
+        *m_sql << m_beginWrite;
+    } catch (...) {
+        m_writing.unlock();
+        throw;
+    }
+}
+
+void SqlStore::commit() {
+    *m_sql << "COMMIT";
+    if (m_writing.owns_lock())
+        m_writing.unlock();
+}
+
+void SqlStore::rollback() noexcept {
+    try {
+        *m_sql << "ROLLBACK";
+    } catch (const std::exception& e) {
+        // The engine has already undone it by itself, as it does when the disk is full.
+        spdlog::warn("rollback: {}", e.what());
+    }
+    if (m_writing.owns_lock())
+        m_writing.unlock();
+}
+
+bool SqlStore::isCurrent() {
+    int version = 0;
+    soci::indicator found = soci::i_null;
+    *m_sql << "SELECT MAX(version) FROM schema_version", soci::into(version, found);
+    return found == soci::i_ok && version == static_cast<int>(migrations().size());
+}
+
+}  // namespace disclosure

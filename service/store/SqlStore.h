@@ -1,0 +1,155 @@
+#pragma once
+
+#include <memory>
+#include <mutex>
+#include <soci/soci.h>
+#include <string>
+
+#include "service/store/IStore.h"
+#include "service/store/TaskPlan.h"
+
+namespace disclosure {
+
+/// The store on one SQL connection. What the engines do differently is given to the constructor.
+class SqlStore final : public IStore {
+public:
+    /// `beginWrite` is the statement that begins a writing transaction. `writers` lets the writers of this process
+    /// queue in order instead of polling the database's lock; it must outlive the store.
+    SqlStore(std::unique_ptr<soci::session> sql, std::string beginWrite, std::mutex& writers);
+    ~SqlStore() override;
+
+    void begin(Access access) override;
+    void commit() override;
+    void rollback() noexcept override;
+    bool isCurrent() override;
+
+    std::optional<Person> person(const std::string& username) override;
+    std::vector<Person> people() override;
+    void putPerson(const Person& person) override;
+    std::optional<Session> session(const std::string& hash) override;
+    void addSession(const Session& session) override;
+    void touchSession(const std::string& hash, std::int64_t seenAt) override;
+    void removeSession(const std::string& hash) override;
+    void removeSessionsOf(const std::string& username) override;
+    void removeSessionsSeenBefore(std::int64_t time) override;
+    LoginAttempts loginAttempts(const std::string& username, const std::string& address) override;
+    void putLoginAttempts(const std::string& username, const std::string& address,
+                          const LoginAttempts& attempts) override;
+    void removeLoginAttempts(const std::string& username, const std::string& address) override;
+    void removeLoginAttemptsBefore(std::int64_t time) override;
+
+    std::optional<Department> department(const std::string& deptId) override;
+    std::vector<Department> departmentsFrom(const std::string& deptId) override;
+    std::vector<Person> peopleFrom(const std::string& deptId) override;
+    std::vector<Project> projectsOf(const std::string& username) override;
+    std::optional<Rights> rightsOf(const std::string& username, const std::string& deptId) override;
+    void putDepartment(const Department& department) override;
+    void putProject(const Project& project) override;
+    void putMember(const std::string& deptId, const std::string& username) override;
+    void putRights(const std::string& deptId, const std::string& username, const Rights& rights) override;
+
+    std::vector<Catalog> catalogs(const std::string& deptId) override;
+    std::optional<Catalog> catalog(const std::string& deptId, const std::string& id) override;
+    std::vector<Catalog> catalogsOfMember(const std::string& username, const std::string& id) override;
+    std::optional<Catalog> childNamed(const std::string& deptId, const std::string& parentId,
+                                      const std::string& name) override;
+    bool hasTopCatalog(const std::string& deptId) override;
+    std::optional<Catalog> neighbour(const Catalog& catalog, Side side) override;
+    std::int64_t catalogCount(const std::string& deptId) override;
+    std::int32_t nextSort(const std::string& deptId, const std::string& parentId) override;
+    bool subtreeHoldsTasks(const std::string& deptId, const std::string& id) override;
+    void addCatalog(const Catalog& catalog) override;
+    void renameCatalog(const std::string& deptId, const std::string& id, const std::string& name) override;
+    void placeCatalog(const std::string& deptId, const std::string& id, std::int32_t sort) override;
+    void removeCatalog(const std::string& deptId, const std::string& id) override;
+
+    TaskPage pageTasks(const TaskFilter& filter) override;
+    OwnTaskPage pageOwnTasks(const OwnTaskFilter& filter) override;
+    std::optional<Task> task(const std::string& deptId, const std::string& id) override;
+    std::vector<TaskKey> tasksOfPerson(const std::string& username, const std::string& id) override;
+    bool isOfOrganisation(const std::string& username, const std::string& deptId) override;
+    void addTask(const Task& task) override;
+    void addTasks(const std::string& deptId, const std::function<bool(Task&)>& next) override;
+    void putTask(const Task& task) override;
+    void removeTask(const TaskKey& key) override;
+    void addLog(const LogEntry& entry) override;
+    void addLogForSubtree(const LogEntry& entry, const std::string& catalogId) override;
+    std::vector<LogEntry> logOf(const std::string& deptId, const std::string& taskId) override;
+    std::optional<PushConfig> pushConfig(const std::string& deptId) override;
+    std::vector<PushConfig> pushConfigsOfMember(const std::string& username, const std::string& id) override;
+    void putPushConfig(const PushConfig& config) override;
+    std::vector<Department> departmentsOf(const std::string& username) override;
+    std::vector<Person> colleaguesOf(const std::string& username) override;
+
+    std::optional<StoredFile> file(const FileKey& key) override;
+    std::optional<StoredFile> fileOfPerson(const std::string& username, const FileKey& key) override;
+    bool knowsFile(const std::string& uuid) override;
+    std::int64_t bytesOf(const std::string& deptId) override;
+    void addFile(const StoredFile& file) override;
+    void removeFile(const FileKey& key) override;
+    void addUpload(const PendingFile& file) override;
+    void removeUpload(const FileKey& key) override;
+    std::vector<FileKey> uploadsBegunBefore(std::int64_t time) override;
+    bool isReferredTo(const FileKey& key) override;
+    std::vector<LooseFile> looseFiles(std::int64_t time, std::size_t most) override;
+    void setLoose(const FileKey& key, std::int64_t since) override;
+
+    std::vector<PushConfig> remindingConfigs() override;
+    std::optional<ReminderRun> reminderRun(const std::string& deptId, ReminderKind kind) override;
+    void putReminderRun(const ReminderRun& run) override;
+    std::vector<ReminderPlace> undisclosedTasks(const std::string& deptId, ReminderKind kind,
+                                                const ReminderPlace& after, std::int64_t until,
+                                                std::int64_t most) override;
+    std::vector<std::int64_t> changedTasks(const std::string& deptId, std::int64_t most) override;
+    void forgetChangedTask(const std::string& deptId, std::int64_t rid) override;
+    std::vector<Task> tasksOf(const std::string& deptId, const std::vector<std::int64_t>& rids) override;
+    std::set<std::string> remindedPeople(const std::string& deptId, const std::string& taskId, ReminderKind kind,
+                                         const std::string& due) override;
+    void addReminder(const Reminder& reminder) override;
+    std::int64_t forgetReminders(std::int64_t time, std::int64_t now, std::int64_t most) override;
+    void addMessage(const Message& message) override;
+    MessagePage pageMessages(const std::string& username, std::int64_t offset, std::int64_t limit) override;
+    std::int64_t unreadMessages(const std::string& username) override;
+    void markMessageRead(const std::string& username, std::int64_t rid) override;
+    void markMessagesRead(const std::string& username) override;
+    std::int64_t removeMessagesBefore(std::int64_t time, std::int64_t most) override;
+    void addMail(const Mail& mail) override;
+    std::vector<Mail> dueMails(std::int64_t now, std::int64_t slack, std::int64_t most) override;
+    bool putMail(const Mail& mail, std::int64_t claimedAt) override;
+    void removeMail(const Mail& mail) override;
+
+private:
+    /// The tasks of these numbers with their lists, in this order.
+    std::vector<Task> readTasks(const std::string& deptId, const std::vector<long long>& rids);
+    void writeTask(const Task& task);
+    void writeLists(const Task& task, bool isNew);
+    template <class... Used>
+    std::vector<PushConfig> readPushConfigs(const char* query, Used&&... used);
+    std::vector<Mail> readMails(const char* query, std::int64_t time, const char* name, std::int64_t most);
+    std::optional<TaskScope> scopeOf(const TaskFilter& filter);
+    TaskPlan::Path bestPath(const TaskPlan& plan, const TaskScope& scope);
+    /// Runs a statement made for one filter; returns its only column.
+    std::vector<long long> readNumbers(const TaskSql& sql);
+    template <class... Used>
+    std::vector<Catalog> readCatalogs(const char* query, Used&&... used);
+    template <class... Used>
+    std::optional<StoredFile> readFile(const char* query, const FileKey& key, Used&&... used);
+    template <class... Used>
+    long long readNumber(const char* query, Used&&... used) {
+        long long number = 0;
+        soci::statement row = ((m_sql->prepare << query, soci::into(number)), ..., used);
+        row.execute(true);
+        return number;
+    }
+    template <class... Used>
+    void run(const char* statement, Used&&... used) {
+        soci::statement prepared = ((m_sql->prepare << statement), ..., used);
+        prepared.execute(true);
+    }
+
+    std::unique_ptr<soci::session> m_sql;
+    std::string m_beginWrite;
+    std::unique_lock<std::mutex> m_writing;
+};
+
+}  // namespace disclosure

@@ -1,0 +1,133 @@
+#include "service/store/SqliteDatabase.h"
+
+#include <cerrno>
+#include <chrono>
+#include <fcntl.h>
+#include <filesystem>
+#include <soci/sqlite3/soci-sqlite3.h>
+#include <stdexcept>
+#include <sys/stat.h>
+#include <system_error>
+#include <thread>
+#include <unistd.h>
+
+#include "service/store/Migrations.h"
+#include "service/store/NameIndex.h"
+#include "service/store/SqlStore.h"
+
+namespace disclosure {
+
+namespace {
+
+constexpr auto BeginWrite = "BEGIN IMMEDIATE";
+constexpr std::chrono::milliseconds Patience{10'000};
+// SQLITE_BUSY and SQLITE_FULL; SOCI keeps SQLite's header to itself.
+constexpr int Busy = 5;
+constexpr int Full = 13;
+
+/// The code without what is added to it in particular cases.
+int codeOf(const soci::sqlite3_soci_error& error) {
+    return error.result() & 0xff;
+}
+
+/// The folder first, so that there is no moment at which others can read the file.
+void makeFile(const std::string& path) {
+    namespace fs = std::filesystem;
+    const fs::path folder = fs::absolute(path).parent_path();
+    if (!fs::exists(folder)) {
+        fs::create_directories(folder.parent_path());
+        if (::mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST)
+            throw std::system_error(errno, std::generic_category(), folder.string());
+    }
+    const int file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (file < 0)
+        throw std::system_error(errno, std::generic_category(), path);
+    ::close(file);
+}
+
+/// A new file turns to the write-ahead log only while nobody else holds it, and SQLite does not wait for that moment by
+/// itself: processes that start together on a new file would refuse each other.
+void useWriteAheadLog(soci::session& sql) {
+    const auto until = std::chrono::steady_clock::now() + Patience;
+    for (;;) {
+        try {
+            sql << "PRAGMA journal_mode = WAL";
+            return;
+        } catch (const soci::sqlite3_soci_error& error) {
+            if (codeOf(error) != Busy || std::chrono::steady_clock::now() > until)
+                throw;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+}
+
+std::unique_ptr<soci::session> open(const std::string& path) {
+    auto sql = std::make_unique<soci::session>(soci::sqlite3, "dbname=\"" + path + "\"");
+    *sql << "PRAGMA busy_timeout = " << Patience.count();
+    useWriteAheadLog(*sql);
+    *sql << "PRAGMA synchronous = FULL";
+    *sql << "PRAGMA foreign_keys = ON";
+    // Kibibytes of a connection: enough for the inner pages of every index of a million tasks.
+    *sql << "PRAGMA cache_size = -16384";
+    // SOCI declares SQLite within a namespace of its own.
+    auto* backend = static_cast<soci::sqlite3_session_backend*>(sql->get_backend());
+    installNameGrams(reinterpret_cast<::sqlite3*>(backend->conn_));
+    return sql;
+}
+
+}  // namespace
+
+bool isDatabaseFull(const std::exception& error) {
+    const auto* failure = dynamic_cast<const soci::sqlite3_soci_error*>(&error);
+    return failure && codeOf(*failure) == Full;
+}
+
+SqliteDatabase::SqliteDatabase(std::string path) : m_path(std::move(path)) {
+    if (m_path.find('"') != std::string::npos)
+        throw std::invalid_argument("the database's path may not contain a quotation mark");
+    if (m_path != ":memory:")
+        makeFile(m_path);
+}
+
+std::unique_ptr<IStore> SqliteDatabase::connect() {
+    auto sql = open(m_path);
+    if (m_path == ":memory:")
+        migrateSqlite(*sql, -1);
+    return std::make_unique<SqlStore>(std::move(sql), BeginWrite, m_writers);
+}
+
+int SqliteDatabase::migrate(int version) {
+    return migrateSqlite(*open(m_path), version);
+}
+
+int migrateSqlite(soci::session& sql, int version) {
+    const auto steps = migrations();
+    const int wanted = version < 0 ? static_cast<int>(steps.size()) : version;
+    int taken = 0;
+    for (;; ++taken) {
+        // Each step looks again under the write lock: another process may be taking the same steps.
+        sql << BeginWrite;
+        try {
+            sql << "CREATE TABLE IF NOT EXISTS schema_version (version INTEGER PRIMARY KEY)";
+            int current = 0;
+            sql << "SELECT COALESCE(MAX(version), 0) FROM schema_version", soci::into(current);
+            if (current > static_cast<int>(steps.size()))
+                throw std::runtime_error("the database was written by a newer version of this program");
+            if (current >= wanted) {
+                sql << "COMMIT";
+                return taken;
+            }
+            for (const char* statement : steps[static_cast<std::size_t>(current)])
+                sql << statement;
+            const int next = current + 1;
+            sql << "INSERT INTO schema_version (version) VALUES (:version)", soci::use(next, "version");
+            sql << "ANALYZE";
+            sql << "COMMIT";
+        } catch (...) {
+            sql << "ROLLBACK";
+            throw;
+        }
+    }
+}
+
+}  // namespace disclosure

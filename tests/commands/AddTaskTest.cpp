@@ -1,0 +1,348 @@
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QDialog>
+#include <QGuiApplication>
+#include <QQuickItem>
+#include <QTest>
+#include <QTimer>
+
+#include "commands/DisclosureManage/DisclosureMgrProvider.h"
+#include "commands/DisclosureManage/ui/task/AddTaskViewModel.h"
+#include "commands/DisclosureManage/ui/task/AddTaskWnd.h"
+#include "commands/DisclosureManage/ui/task/TaskManagerViewModel.h"
+#include "commands/DisclosureManage/ui/task/TaskRules.h"
+#include "tests/commands/FakeEditor.h"
+#include "tests/support/ModalWindow.h"
+#include "tests/support/QuickPilot.h"
+#include "tests/support/ScreenHost.h"
+
+using DISCLOSUREPACKAGE::TaskRecord;
+using support::ModalWindow;
+
+namespace {
+
+const QDate kToday(2024, 2, 29);
+
+int64_t mills(QDate date, QTime time = QTime(0, 0)) {
+    return QDateTime(date, time).toMSecsSinceEpoch();
+}
+
+class Editor : public testing::Test {
+protected:
+    Editor() {
+        host.window.resize(1300, 1100);
+        host.core.managers[BASECORE::NAMES::kDisclosure] = &service;
+        host.core.managers[BASECORE::NAMES::kDepartments] = &people;
+        host.core.managers[BASECORE::NAMES::kProjectData] = &projects;
+        host.core.managers[BASECORE::NAMES::kDocumentOperations] = &opener;
+        service.fill();
+    }
+
+    static QString outline(const TreeNode* node) {
+        QStringList rows;
+        for (const TreeNode* child : node->children()) {
+            const QString below = outline(child);
+            rows << child->property("nodeName").toString() + (below.isEmpty() ? "" : "[" + below + "]");
+        }
+        return rows.join(' ');
+    }
+    static QString outline(CAddTaskViewModel& model) { return outline(model.bimDataModel()->nodeOf({})); }
+
+    support::ScreenHost host;
+    FakeEditorService service;
+    FakeOrganisation people;
+    FakeProjects projects;
+    FakeDocOpener opener;
+};
+
+/// Types into the field of that caption.
+void enter(ModalWindow& window, const QString& caption, const QString& text) {
+    QQuickItem* field = window.find("name", caption);
+    ASSERT_TRUE(field) << caption.toStdString();
+    auto* input = field->property("field").value<QQuickItem*>();
+    input->forceActiveFocus();
+    window.key(Qt::Key_A, Qt::ControlModifier);
+    window.compose("p", text);
+    window.key(Qt::Key_Tab);
+}
+
+/// Clicks "选择" of that caption, and does `steps` in the picker.
+void choose(ModalWindow& window, const QString& caption, const ModalWindow::Steps& steps) {
+    const QQuickItem* button = support::findItem(window.view()->contentItem(), [&](QQuickItem* item) {
+        return item->property("text") == "选择" && item->parentItem()->property("name") == caption;
+    });
+    ModalWindow::run([&] { window.click(button); }, steps);
+}
+
+}  // namespace
+
+TEST(TaskRules, FirstBrokenOneIsToldInTheirOrder) {
+    TaskRecord task;
+    const auto broken = [&] { return firstBrokenRule(task, kToday).toStdString(); };
+    EXPECT_EQ(broken(), "任务名称不能为空");
+    task.name = L"柱";
+    EXPECT_EQ(broken(), "请选择交底人");
+    task.disclosureUserName = L"zhangwei";
+    EXPECT_EQ(broken(), "请选择接受交底人");
+    task.disclosureTaskReceiveUserList.resize(1);
+    task.constructionStartDateMills = mills(kToday, QTime(8, 0));
+    task.constructionEndDateMills = mills(kToday.addDays(-1));
+    EXPECT_EQ(broken(), "施工开始日期不得大于施工结束日期");
+    task.constructionEndDateMills = mills(kToday, QTime(7, 0));  // the same day
+    EXPECT_EQ(broken(), "请输入截止日期");
+    task.constructionStartDateMills = 0;
+    task.expiryDateMills = mills(kToday.addDays(-1), QTime(23, 59, 59));
+    EXPECT_EQ(broken(), "截止日期不能小于发布日期");
+    task.expiryDateMills = mills(kToday);
+    EXPECT_EQ(broken(), "请关联或上传交底资料");
+    task.disclosureTaskDocList.resize(11);
+    EXPECT_EQ(broken(), "最多可关联10份资料");
+    task.disclosureTaskDocList.resize(10);
+    EXPECT_EQ(broken(), "");
+}
+
+TEST_F(Editor, KeepsWhatItDoesNotChange) {
+    TaskRecord task = wholeTask();
+    task.planDisclosureDateMills = mills(kToday, QTime(13, 45));
+    service.tasks = {task};
+    CAddTaskViewModel model(task);
+    EXPECT_EQ(model.planDate(), "2024-02-29");
+    model.setPlanDate("2024-02-29");
+    model.setConstStartDate("2024-02-30");
+    EXPECT_EQ(model.constStartDate(), "");
+    model.setConstEndDate("2024-03-01");
+    model.onClickSave();
+    ASSERT_EQ(service.updates.size(), 1u);
+    const TaskRecord& sent = service.updates[0];
+    EXPECT_EQ(sent.planDisclosureDateMills, mills(kToday, QTime(13, 45)));
+    EXPECT_EQ(sent.constructionEndDateMills, mills(kToday.addDays(1)));
+    EXPECT_EQ(sent.deptId, L"dept");
+    EXPECT_EQ(sent.disclosureTaskReceiveUserList[0].id, L"r1");
+    EXPECT_EQ(service.calls.back(), L"log 修改交底 技术→交底管理→修改");
+
+    CAddTaskViewModel(task).onClickRelease();
+    EXPECT_EQ(service.updates.back().isPublish, 1);
+    EXPECT_EQ(service.calls.back(), L"log 修改交底 技术→交底管理→修改");
+}
+
+TEST_F(Editor, StrangeNamesArriveAsTheyWereTyped) {
+    TaskRecord task = wholeTask(L"");
+    for (const QString& name : {QString(10000, QChar(u'柱')), QString("🏗️ 交底"), QString("\u202eأساس\u202c"),
+                                QString("<b>粗</b>&lt;"), QString("👷\u200d♂️")}) {
+        CAddTaskViewModel model(task);
+        model.setTaskName("  " + name + " \n\u3000\u2003");
+        model.onClickSave();
+        EXPECT_EQ(QString::fromStdWString(service.saves.back().name), name);
+        EXPECT_EQ(model.taskName(), name);
+    }
+    const auto saves = service.saves.size();
+    CAddTaskViewModel model(task);
+    for (const char* blanks : {" \t　", "\u200b\u2060", "\u3164\ufe0f\u00ad", "\r\n\u2028"}) {
+        model.setTaskName(blanks);
+        model.onClickSave();
+        EXPECT_EQ(model.taskName(), "");
+        EXPECT_EQ(host.messages.takeLast(), "任务名称不能为空") << blanks;
+    }
+    EXPECT_EQ(service.saves.size(), saves);
+}
+
+TEST_F(Editor, WhatIsPastedShowsAsItWillBeStored) {
+    const auto paste = [](ModalWindow& window, QQuickItem* field, const QString& text) {
+        QGuiApplication::clipboard()->setText(text);
+        field->forceActiveFocus();
+        window.key(Qt::Key_V, Qt::ControlModifier);
+    };
+    ModalWindow::run([&] { CAddTaskWnd::edit(wholeTask()); },
+                     [&](ModalWindow& window) {
+                         window.key(Qt::Key_Home);
+                         paste(window, qobject_cast<QQuickItem*>(window.view()->focusObject()), "一\r\n二\t三\u2028");
+                         EXPECT_TRUE(window.find("value", "一 二 三 柱钢筋绑扎"));
+                         QQuickItem* remark = window.find("maxlength", 300);
+                         paste(window, remark, "甲\n乙\v丙\u0007丁");
+                         EXPECT_EQ(remark->property("text"), "甲\n乙\n丙丁三层");
+                         service.refused = L"update";
+                         window.click(window.text("保存计划"));
+                         EXPECT_TRUE(window.find("value", "一 二 三 柱钢筋绑扎"));
+                         EXPECT_EQ(remark->property("text"), "甲\n乙\n丙丁三层") << "a refused save loses nothing";
+                     });
+    ASSERT_EQ(service.updates.size(), 1u);
+    EXPECT_EQ(service.updates[0].name, L"一 二 三 柱钢筋绑扎");
+    EXPECT_EQ(service.updates[0].remark, L"甲\n乙\n丙丁三层");
+}
+
+TEST_F(Editor, TwoQuickClicksSaveOnce) {
+    TaskRecord task = wholeTask(L"");
+    ModalWindow::run([&] { EXPECT_TRUE(CAddTaskWnd::edit(task)); },
+                     [](ModalWindow& window) {
+                         const QQuickItem* button = window.text("发布交底");
+                         const QPoint place = button->mapToScene({5, 5}).toPoint();
+                         QTest::mouseClick(window.view(), Qt::LeftButton, {}, place);
+                         QTest::mouseClick(window.view(), Qt::LeftButton, {}, place);
+                     });
+    EXPECT_EQ(service.saves.size(), 1u);
+}
+
+TEST_F(Editor, DocumentsAreUploadedOpenedAndRemoved) {
+    CAddTaskViewModel model(wholeTask());
+    model.onClickUploadDoc();
+    EXPECT_EQ(model.connectdoclist().size(), 1) << "the user gave up";
+    service.chosenFile = L"照片.png";
+    for (int i = 0; i < 10; ++i)
+        model.onClickUploadDoc();
+    model.onClickSave();
+    EXPECT_EQ(host.messages, QStringList{"最多可关联10份资料"});
+    model.onClickViewDocItem(0);
+    model.onClickViewDocItem(11);
+    EXPECT_EQ(opener.opened, std::vector<std::wstring>{L"uuid 方案.pdf pdf"});
+    model.onClickDelDocItem(0);
+    model.onClickDelDocItem(-1);
+    EXPECT_EQ(model.connectdoclist().size(), 10);
+    const auto& doc = model.task().disclosureTaskDocList.back();
+    EXPECT_EQ(doc.id + L" " + doc.uuid + L" " + doc.md5 + L" " + doc.name, L"file10 uuid10 md510 照片.png");
+}
+
+TEST_F(Editor, IdsStayFromOneClickToTheNext) {
+    TaskRecord task = wholeTask(L"");
+    task.disclosureTaskReceiveUserList[1].id.clear();
+    task.disclosureTaskNodeList[1].id.clear();
+    service.chosenFile = L"照片.png";
+    CAddTaskViewModel model(task);
+    service.refused = L"create";
+    model.onClickSave();
+    model.onClickUploadDoc();
+    model.onClickRelease();
+    ASSERT_EQ(service.saves.size(), 2u);
+    const TaskRecord first = service.saves[0];
+    const TaskRecord second = service.saves[1];
+    EXPECT_EQ(first.id.size(), 36u);
+    EXPECT_EQ(second.id, first.id);
+    EXPECT_EQ(first.disclosureTaskReceiveUserList[0].id, L"r1");
+    EXPECT_EQ(first.disclosureTaskReceiveUserList[1].id.size(), 36u);
+    EXPECT_EQ(second.disclosureTaskReceiveUserList[1].id, first.disclosureTaskReceiveUserList[1].id);
+    EXPECT_EQ(first.disclosureTaskNodeList[1].id.size(), 36u);
+    EXPECT_EQ(second.disclosureTaskNodeList[1].id, first.disclosureTaskNodeList[1].id);
+    EXPECT_EQ(second.disclosureTaskDocList.size(), 2u);
+    EXPECT_TRUE(service.updates.empty());
+    CAddTaskViewModel other(task);
+    other.onClickSave();
+    EXPECT_NE(service.saves.back().id, first.id);
+}
+
+TEST_F(Editor, LinksAreShownByProjectAndRemoved) {
+    CAddTaskViewModel model(wholeTask());
+    EXPECT_EQ(outline(model), "全部[一号楼[视口列表[三层视口] 钢筋节点[梁柱节点]] 未知项目（8）[钢筋节点[node]]]");
+    const auto at = [&](std::initializer_list<int> rows) {
+        TreeNode* node = model.bimDataModel()->nodeOf({});
+        for (const int row : rows)
+            node = node->children().at(row);
+        return static_cast<CBimTreeNode*>(node);
+    };
+    model.onClickDelBIMItem(at({0, 0}));
+    model.onClickDelBIMItem(nullptr);
+    model.onClickDelBIMItem(at({0, 0, 1, 0}));
+    EXPECT_EQ(outline(model), "全部[一号楼[视口列表[三层视口]] 未知项目（8）[钢筋节点[node]]]")
+        << "the same id elsewhere stays";
+    EXPECT_EQ(model.task().disclosureTaskNodeList.size(), 1u);
+    model.onClickDelBIMItem(at({0, 0, 0, 0}));
+    model.onClickDelBIMItem(at({0, 0, 0, 0}));
+    EXPECT_EQ(outline(model), "");
+    EXPECT_TRUE(model.task().disclosureTaskViewportList.empty());
+}
+
+TEST_F(Editor, NoInputIsLostByASlipOfTheHand) {
+    DisclosureMgrProvider provider;
+    service.refused = L"create";
+    ModalWindow::run(
+        [&] { provider.ShowMainWindow(); },
+        [&](ModalWindow& list) {
+            list.click(list.text("机电(5)"));
+            auto* tasks = qobject_cast<TaskManagerViewModel*>(list.context("theTaskModel"));
+            service.fillTasks(31);
+            tasks->RefreshCurrentTaskInfo(true);
+            ASSERT_TRUE(QTest::qWaitFor([&] { return tasks->totalPage() == 3; }));
+            tasks->lastPage();
+            ModalWindow::run([&] { tasks->AddTask(); },
+                             [&](ModalWindow& window) {
+                                 EXPECT_EQ(window.dialog()->minimumSize(), QSize(1040, 880));
+                                 window.compose("zhu", "柱钢筋");
+                                 choose(window, "交底人：", [](ModalWindow& picker) {
+                                     picker.click(picker.text("李娜(lina)"));
+                                     picker.click(picker.text("确定"));
+                                 });
+                                 choose(window, "接受交底人：", [](ModalWindow& picker) {
+                                     EXPECT_FALSE(picker.text("李娜(lina)")) << "nobody briefs themselves";
+                                     picker.click(picker.text("noname"));
+                                     picker.key(Qt::Key_Space);
+                                     picker.click(picker.text("确定"));
+                                 });
+                                 enter(window, "截止日期：", QDate::currentDate().toString("yyyy-MM-dd"));
+                                 service.chosenFile = L"方案.pdf";
+                                 window.click(window.text("本地上传"));
+                                 for (const char* later : {"关联模型", "关联资料库"})
+                                     EXPECT_FALSE(window.text(later)->childItems().first()->isEnabled());
+                                 window.click(window.text("发布交底"));
+                                 window.key(Qt::Key_Escape);
+                                 EXPECT_TRUE(window.dialog()->isVisible());
+                                 EXPECT_TRUE(window.find("value", "柱钢筋"));
+                                 service.refused.clear();
+                                 window.click(window.text("发布交底"));
+                             });
+            EXPECT_EQ(tasks->currentPage(), 1) << "where the latest change stands";
+            EXPECT_EQ(service.saves.back().disclosureCatalogId, L"mep");
+            EXPECT_EQ(std::count(service.calls.begin(), service.calls.end(), L"log 发布交底 技术→交底管理→发布交底"),
+                      1);
+            ModalWindow::run([&] { tasks->AddTask(); },
+                             [&](ModalWindow& window) { window.click(window.text("取消")); });
+            EXPECT_TRUE(list.text("机电(6)"));
+        });
+}
+
+TEST_F(Editor, ShowsAndChangesATaskOfTheList) {
+    TaskRecord task = wholeTask();
+    service.tasks = {task, wholeTask(L"t1")};
+    service.tasks[1].isPublish = 1;
+    TaskManagerViewModel list;
+    list.setCatalogId("base");
+    auto* timer = list.findChild<QTimer*>();
+    ASSERT_TRUE(QTest::qWaitFor([timer] { return !timer->isActive(); }));
+    const auto modify = [&list](int row) {
+        return [&list, row] { list.ModifyTask(list.taskModel()->task_list()->at(row)); };
+    };
+    ModalWindow::expectNone(modify(1));
+    EXPECT_EQ(host.messages, QStringList{"已发布的任务暂不支持编辑"});
+
+    service.queries.clear();
+    ModalWindow::run(modify(0), [&](ModalWindow& window) {
+        EXPECT_TRUE(window.find("value", "李娜、离职者")) << "who has left the department stays named";
+        window.click(window.text("梁柱节点"));
+        window.key(Qt::Key_Delete);
+        EXPECT_FALSE(window.text("梁柱节点"));
+        enter(window, "施工开始日期：", "2024-03-02");
+        enter(window, "施工结束日期：", "2024-03-01");
+        EXPECT_TRUE(window.find("value", "2024-03-02"));
+        EXPECT_FALSE(window.find("value", "2024-03-01")) << "an end before the start is put back";
+        QQuickItem* remark = window.find("maxlength", 300);
+        remark->forceActiveFocus();
+        window.key(Qt::Key_End, Qt::ControlModifier);
+        window.compose("p", QString(400, 'x'));
+        window.click(window.text("保存计划"));
+    });
+    ASSERT_EQ(service.updates.size(), 1u);
+    EXPECT_EQ(service.updates[0].disclosureTaskNodeList.size(), 1u);
+    EXPECT_EQ(service.updates[0].constructionStartDateMills, mills(QDate(2024, 3, 2)));
+    EXPECT_EQ(service.updates[0].remark, L"三层" + std::wstring(298, L'x'));
+    ASSERT_TRUE(QTest::qWaitFor([timer] { return !timer->isActive(); }));
+    EXPECT_EQ(service.queries.size(), 1u) << "the list is read again";
+
+    service.tasks[0].name = L"他人改名";
+    ModalWindow::run(modify(0),
+                     [](ModalWindow& window) { EXPECT_TRUE(window.find("value", "他人改名")) << "not the old row"; });
+    service.tasks[0].isPublish = 1;
+    ModalWindow::expectNone(modify(0));
+    EXPECT_EQ(host.messages.size(), 2);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return list.taskModel()->task_list()->at(0)->released(); }));
+
+    host.core.managers.erase(BASECORE::NAMES::kDisclosure);
+    ModalWindow::expectNone([&] { EXPECT_FALSE(CAddTaskWnd::edit(task)); });
+}

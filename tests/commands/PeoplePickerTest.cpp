@@ -1,0 +1,232 @@
+#include <gtest/gtest.h>
+
+#include <QDialog>
+#include <QQuickItem>
+
+#include "commands/DisclosureManage/ui/task/SelectOwnerWnd.h"
+#include "commands/DisclosureManage/ui/task/SelectReceiverWnd.h"
+#include "tests/commands/FakeEditor.h"
+#include "tests/support/ModalWindow.h"
+#include "tests/support/QuickPilot.h"
+#include "tests/support/ScreenHost.h"
+#include "ui/common/NameTreeNode.h"
+
+using BASEPACKAGE::UserRecord;
+using support::ModalWindow;
+
+namespace {
+
+class Pickers : public testing::Test {
+protected:
+    Pickers() { host.core.managers[BASECORE::NAMES::kDepartments] = &people; }
+
+    /// The tree of the search, "部门[login login]".
+    static std::string outline(const PeopleDirectory& directory, const QString& search) {
+        std::unique_ptr<NameTreeNode> top(directory.createTree<NameTreeNode>(search));
+        return top ? outline(top.get()).toStdString() : "nobody";
+    }
+    static QString outline(const TreeNode* node) {
+        QStringList below;
+        for (const TreeNode* child : node->children())
+            below << outline(child);
+        const QString name = static_cast<const NameTreeNode*>(node)->nodeName();
+        return below.isEmpty() ? name : name + "[" + below.join(' ') + "]";
+    }
+    static void search(ModalWindow& window, const QString& text) {
+        window.find("placeholderText", "搜索联系人")->forceActiveFocus();
+        window.key(Qt::Key_A, Qt::ControlModifier);
+        window.compose("p", text);
+        window.key(Qt::Key_Return);
+    }
+    std::wstring chooseOwner(const ModalWindow::Steps& steps, const std::wstring& before = {}) {
+        UserRecord person{before, L"", L"", L""};
+        bool chosen = false;
+        ModalWindow::run([&] { chosen = CSelectOwnerWnd::choose(person, {}); }, steps);
+        return (chosen ? L"" : L"not ") + person.userName + L" " + person.realName;
+    }
+    std::wstring chooseReceivers(const ModalWindow::Steps& steps, std::vector<UserRecord> chosen = {}) {
+        ModalWindow::run([&] { CSelectReceiverWnd::choose(chosen, {}); }, steps);
+        std::wstring logins;
+        for (const UserRecord& person : chosen)
+            logins += (logins.empty() ? L"" : L" ") + person.userName;
+        return logins;
+    }
+    /// The check box of the department of that name or the person of that login name.
+    static QQuickItem* box(const ModalWindow& window, const QString& name) {
+        return support::findItem(window.view()->contentItem(), [&](QQuickItem* item) {
+            const auto* node = item->parentItem()->property("node").value<QObject*>();
+            return item->property("checkState").isValid() && node && node->property("nodeName") == name;
+        });
+    }
+    static int state(const ModalWindow& window, const QString& name) {
+        return box(window, name)->property("checkState").toInt();
+    }
+    static void check(ModalWindow& window, const QString& name) { window.click(box(window, name)); }
+    static QStringList chips(const ModalWindow& window) {
+        return window.context("theSelectReceiverWnd")->property("receiverName").toStringList();
+    }
+
+    void fillPeople(const std::function<std::wstring(int)>& deptOf) {
+        people.people.clear();
+        for (int i = 0; i < 5000; ++i)
+            people.people.push_back({L"user" + std::to_wstring(i), L"人员" + std::to_wstring(i), L"", deptOf(i)});
+    }
+
+    support::ScreenHost host;
+    FakeOrganisation people;
+};
+
+}  // namespace
+
+TEST_F(Pickers, SearchKeepsTheDepartmentsOfThoseFound) {
+    const PeopleDirectory all;
+    EXPECT_EQ(outline(all, ""), "总公司[一分部[钢筋组[zhangwei zhangwei2 noname] lina] 二分部[ZhaoLei]]");
+    EXPECT_EQ(outline(all, "张"), "总公司[一分部[钢筋组[zhangwei zhangwei2]]]");
+    EXPECT_EQ(outline(all, " zHaOl "), "总公司[二分部[ZhaoLei]]");
+    EXPECT_EQ(outline(all, "一分部"), "nobody");
+    EXPECT_EQ(outline(PeopleDirectory({"zhangwei", "lina"}), ""),
+              "总公司[一分部[钢筋组[zhangwei2 noname]] 二分部[ZhaoLei]]");
+}
+
+TEST_F(Pickers, ABadOrganisationLosesNobody) {
+    people.people.push_back({L"lina", L"李娜", L"", L"two"});  // twice
+    people.people.push_back({L"astray", L"迷路", L"", L"nowhere"});
+    people.people.push_back({L"", L"无名", L"", L"two"});
+    people.departments[1].parentId = L"steel";  // a circle
+    EXPECT_EQ(outline(PeopleDirectory(), ""),
+              "总公司[二分部[ZhaoLei] astray 一分部[钢筋组[zhangwei zhangwei2 noname] lina]]");
+    people.readable = false;
+    EXPECT_EQ(outline(PeopleDirectory(), ""), "nobody");
+    host.core.managers.erase(BASECORE::NAMES::kDepartments);
+    EXPECT_EQ(outline(PeopleDirectory(), ""), "nobody");
+    chooseOwner([](ModalWindow& window) { EXPECT_TRUE(window.text("确定")); });
+    host.core.managers.clear();
+    UserRecord person;
+    ModalWindow::expectNone([&] { EXPECT_FALSE(CSelectOwnerWnd::choose(person, {})); });
+    std::vector<UserRecord> receivers;
+    ModalWindow::expectNone([&] { EXPECT_FALSE(CSelectReceiverWnd::choose(receivers, {})); });
+}
+
+TEST_F(Pickers, OwnerIsAPersonNeverADepartment) {
+    EXPECT_EQ(chooseOwner([](ModalWindow& window) {
+                  EXPECT_EQ(window.dialog()->minimumSize(), QSize(250, 450));
+                  EXPECT_TRUE(window.text("  选择交底人"));
+                  const auto highlighted = [&](const char* row) {
+                      return window.text(row)->parentItem()->property("highlighted").toBool();
+                  };
+                  window.click(window.text("钢筋组"));
+                  EXPECT_FALSE(highlighted("钢筋组"));
+                  window.click(window.text("张伟(zhangwei2)"));
+                  EXPECT_TRUE(highlighted("张伟(zhangwei2)"));
+                  window.click(window.text("确定"));
+              }),
+              L"zhangwei2 张伟");
+    EXPECT_EQ(chooseOwner([](ModalWindow& window) {
+                  window.click(window.text("钢筋组"));
+                  window.click(window.text("确定"));
+              }),
+              L"not  ");
+    EXPECT_EQ(chooseOwner([](ModalWindow& window) { window.click(window.text("确定")); }, L"lina"), L"lina 李娜");
+    EXPECT_EQ(chooseOwner([](ModalWindow& window) { window.key(Qt::Key_Escape); }, L"lina"), L"not lina ");
+}
+
+TEST_F(Pickers, TheSameTextIsSearchedOnce) {
+    EXPECT_EQ(chooseOwner([](ModalWindow& window) {
+                  int searches = 0;
+                  QObject::connect(static_cast<CSelectOwnerWnd*>(window.context("theSelectOwnerWnd")),
+                                   &CSelectOwnerWnd::ownerDataChanged, window.dialog(), [&] { ++searches; });
+                  search(window, "zhao");
+                  window.key(Qt::Key_Return);
+                  EXPECT_EQ(searches, 1);
+                  EXPECT_FALSE(window.text("李娜(lina)"));
+                  window.click(window.text("赵磊(ZhaoLei)"));
+                  window.key(Qt::Key_Return);
+              }),
+              L"ZhaoLei 赵磊");
+}
+
+TEST_F(Pickers, ReceiversAreCheckedSearchedAndTakenOut) {
+    const std::vector<UserRecord> before{{L"gone", L"离职者", L"", L""}, {L"lina", L"李娜", L"", L""}};
+    const std::wstring chosen = chooseReceivers(
+        [](ModalWindow& window) {
+            EXPECT_TRUE(window.text("  选择接受交底人"));
+            EXPECT_EQ(chips(window), (QStringList{"离职者", "李娜"}));
+            check(window, "钢筋组");
+            EXPECT_EQ(chips(window), (QStringList{"离职者", "李娜", "张伟(zhangwei)", "张伟(zhangwei2)", "noname"}));
+            EXPECT_TRUE(window.text("已选择（人）：5"));
+            EXPECT_EQ(state(window, "一分部"), Qt::Checked);
+
+            search(window, "zhangwei");
+            EXPECT_EQ(state(window, "钢筋组"), Qt::Checked);
+            check(window, "zhangwei");
+            search(window, "");
+            EXPECT_EQ(chips(window), (QStringList{"离职者", "李娜", "张伟", "noname"})) << "those hidden stay chosen";
+
+            QQuickItem* chip = window.find("text", "离职者")->parentItem();
+            window.click(chip->childItems().last());
+            window.click(window.find("text", "李娜")->parentItem()->childItems().last());
+            EXPECT_TRUE(window.text("已选择（人）：2"));
+            EXPECT_EQ(state(window, "lina"), Qt::Unchecked);
+            EXPECT_EQ(state(window, "总公司"), Qt::PartiallyChecked);
+            window.click(window.text("确定"));
+        },
+        before);
+    EXPECT_EQ(chosen, L"zhangwei2 noname");
+    EXPECT_EQ(chooseReceivers(
+                  [](ModalWindow& window) {
+                      check(window, "总公司");
+                      window.click(window.text("取消"));
+                  },
+                  before),
+              L"gone lina");
+}
+
+TEST_F(Pickers, TheTreeOpensAndClosesByLevels) {
+    chooseReceivers([](ModalWindow& window) {
+        const auto shown = [&] {
+            QStringList rows;
+            for (const char* row : {"一分部", "钢筋组", "张伟(zhangwei)"})
+                if (window.text(row))
+                    rows << row;
+            return rows.join(' ').toStdString();
+        };
+        EXPECT_EQ(shown(), "一分部 钢筋组 张伟(zhangwei)");
+        window.click(window.button("收起一级"));
+        EXPECT_EQ(shown(), "一分部 钢筋组");
+        for (int click = 0; click < 3; ++click)
+            window.click(window.button("收起一级"));
+        EXPECT_EQ(shown(), "");
+        window.click(window.button("展开一级"));
+        EXPECT_EQ(shown(), "一分部");
+    });
+}
+
+TEST_F(Pickers, NobodyOfALargeOrganisationIsMissing) {
+    people.departments.resize(1);
+    for (int i = 0; i < 200; ++i) {
+        const std::wstring above = i < 20 ? L"dept" : L"d" + std::to_wstring(i / 10);
+        people.departments.push_back({L"d" + std::to_wstring(i), L"班组" + std::to_wstring(i), above});
+    }
+    fillPeople([](int i) { return L"d" + std::to_wstring(i % 203); });  // a few in departments that nobody lists
+    const PeopleDirectory all;
+    EXPECT_EQ(QString::fromStdString(outline(all, "")).count("user"), 5000);
+    EXPECT_EQ(outline(all, "USER4999"), "总公司[班组12[班组127[user4999]]]");
+}
+
+TEST_F(Pickers, WholeCompanyIsChosenAndTakenOutAgain) {
+    fillPeople([](int) { return L"steel"; });
+    EXPECT_EQ(chooseReceivers([](ModalWindow& window) {
+                  check(window, "总公司");
+                  EXPECT_TRUE(window.text("已选择（人）：5000"));
+                  EXPECT_TRUE(window.text("人员1"));
+                  EXPECT_FALSE(window.text("人员4999")) << "only the chips in sight are made";
+                  search(window, "人员4321");
+                  EXPECT_TRUE(window.text("人员4321(user4321)"));
+                  search(window, "");
+                  check(window, "总公司");
+                  EXPECT_TRUE(window.text("已选择（人）：0"));
+                  check(window, "user0");
+                  window.click(window.text("确定"));
+              }),
+              L"user0");
+}

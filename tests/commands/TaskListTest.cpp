@@ -1,0 +1,414 @@
+#include <gtest/gtest.h>
+#include <limits>
+
+#include <QTest>
+
+#include "commands/DisclosureManage/ui/task/TaskManagerViewModel.h"
+#include "tests/commands/FakeTasks.h"
+#include "tests/support/ModalWindow.h"
+#include "tests/support/ScreenHost.h"
+
+namespace {
+
+int64_t mills(int year, int month, int day, QTime time = QTime(0, 0)) {
+    return QDateTime(QDate(year, month, day), time).toMSecsSinceEpoch();
+}
+
+class TaskList : public testing::Test {
+protected:
+    TaskList() {
+        host.core.managers[BASECORE::NAMES::kDisclosure] = &service;
+        host.core.managers[BASECORE::NAMES::kDepartments] = &people;
+        service.fillTasks(31);
+        QObject::connect(&list, &TaskManagerViewModel::taskCountChange,
+                         [this](int count, const QString& id) { counts << QString("%1 %2").arg(id).arg(count); });
+        list.setCatalogId("base");
+        settle();
+    }
+    /// Lets a refresh that is due run.
+    void settle() {
+        auto* timer = list.findChild<QTimer*>();
+        ASSERT_TRUE(QTest::qWaitFor([timer] { return !timer->isActive(); }));
+    }
+    void reread() {
+        list.RefreshCurrentTaskInfo(true);
+        settle();
+    }
+    int rowCount() const { return list.taskModel()->task_list()->size(); }
+    TaskModel* row(int index) const { return list.taskModel()->task_list()->at(index); }
+    QString shown(int index, const char* property) const { return row(index)->property(property).toString(); }
+    const DISCLOSUREPACKAGE::TaskQuery& lastQuery() const { return service.queries.back(); }
+
+    support::ScreenHost host;
+    FakeTasks service;
+    FakePeople people;
+    QStringList counts;
+    TaskManagerViewModel list;
+};
+
+TEST_F(TaskList, ShowsThePageOfTheCatalog) {
+    EXPECT_EQ(lastQuery().deptId, L"dept");
+    EXPECT_EQ(lastQuery().disclosureCatalogId, L"base");
+    EXPECT_EQ(lastQuery().dateType, -1);
+    EXPECT_EQ(lastQuery().startDateMills, -1);
+    EXPECT_EQ(lastQuery().endDateMills, -1);
+    EXPECT_EQ(rowCount(), 15);
+    EXPECT_EQ(shown(14, "name"), "任务14");
+    EXPECT_EQ(list.totalPage(), 3);
+    EXPECT_EQ(people.reads, 1) << "once a refresh, not once a row";
+}
+
+TEST_F(TaskList, PagesNeverFallBelowOne) {
+    list.setItemsPerPage(30);
+    EXPECT_EQ(list.totalPage(), 2);
+    list.setItemsPerPage(0);
+    EXPECT_EQ(list.totalPage(), 31);
+    list.setTotalCount(0);
+    list.setCurrentPage(-3);
+    list.setTotalPage(0);
+    EXPECT_EQ(list.totalPage(), 1);
+    EXPECT_EQ(list.currentPage(), 1);
+    list.setItemsPerPage(15);
+    list.setTotalCount(std::numeric_limits<int>::max());
+    EXPECT_EQ(list.totalPage(), 143165577);
+}
+
+TEST_F(TaskList, StepsThroughThePagesAndTakesLargerOnesWithOneQuery) {
+    list.prevPage();
+    EXPECT_EQ(list.currentPage(), 1);
+    list.nextPage();
+    EXPECT_EQ(list.currentPage(), 2);
+    list.lastPage();
+    list.nextPage();
+    settle();
+    EXPECT_EQ(shown(0, "name"), "任务30");
+    service.queries.clear();
+    list.setItemsPerPage(30);
+    settle();
+    settle();
+    ASSERT_EQ(service.queries.size(), 1u);
+    EXPECT_EQ(lastQuery().currentPage, 2);
+    EXPECT_EQ(rowCount(), 1);
+}
+
+TEST_F(TaskList, GathersABurstIntoOneQuery) {
+    service.queries.clear();
+    list.setSearchText("柱");
+    list.setSearchTaskStatus(2);
+    list.setSearchDateIndex(3);
+    list.setSearchStartDate("2024-02-28");
+    list.setSearchEndDate("2024-02-29");
+    list.setSearchDateLimit(false);
+    settle();
+    ASSERT_EQ(service.queries.size(), 1u);
+    EXPECT_EQ(lastQuery().keyword, L"柱");
+    EXPECT_EQ(lastQuery().status, 2);
+    EXPECT_EQ(lastQuery().dateType, 4);
+    EXPECT_EQ(lastQuery().startDateMills, mills(2024, 2, 28));
+    EXPECT_EQ(lastQuery().endDateMills, mills(2024, 2, 29, QTime(23, 59, 59, 999)));
+}
+
+TEST_F(TaskList, RepeatsTheSameQueryOnlyWhenForced) {
+    service.queries.clear();
+    list.RefreshCurrentTaskInfo(false);
+    settle();
+    EXPECT_EQ(service.queries.size(), 0u);
+    row(3)->setSelected(true);
+    list.RefreshCurrentTaskInfo(true);
+    list.RefreshCurrentTaskInfo(false);
+    settle();
+    EXPECT_EQ(service.queries.size(), 1u);
+    EXPECT_TRUE(row(3)->selected()) << "what was checked stays checked";
+}
+
+TEST_F(TaskList, FailureLeavesTheListAsItWas) {
+    MapTaskModel* before = list.taskModel();
+    service.refused = L"page";
+    list.nextPage();
+    settle();
+    EXPECT_EQ(list.taskModel(), before);
+    EXPECT_EQ(list.currentPage(), 1);
+    EXPECT_EQ(list.totalCount(), 31);
+    service.queries.clear();
+    service.refused.clear();
+    list.RefreshCurrentTaskInfo(false);
+    settle();
+    EXPECT_EQ(service.queries.size(), 1u) << "a failed query is forgotten";
+
+    service.refused = L"page";
+    list.setCatalogId("frame");
+    settle();
+    EXPECT_EQ(rowCount(), 0) << "rows of another catalog are no answer";
+}
+
+TEST_F(TaskList, FailureGoesBackToThePageOfTheRowsUnlessTheSearchIsAnother) {
+    list.nextPage();
+    settle();
+    service.refused = L"page";
+    list.setItemsPerPage(30);
+    list.firstPage();
+    settle();
+    EXPECT_EQ(list.itemsPerPage(), 15);
+    EXPECT_EQ(list.currentPage(), 2);
+    EXPECT_EQ(list.totalPage(), 3);
+
+    list.setSearchTaskStatus(2);
+    list.setCurrentPage(1);
+    settle();
+    EXPECT_EQ(list.currentPage(), 1) << "the other status begins at its first page when it is tried again";
+    EXPECT_EQ(shown(0, "name"), "任务15");
+}
+
+TEST_F(TaskList, GoesToTheLastPageWhenItsOwnIsGone) {
+    list.lastPage();
+    settle();
+    service.fillTasks(16);
+    reread();
+    settle();
+    EXPECT_EQ(list.currentPage(), 2);
+    EXPECT_EQ(rowCount(), 1);
+}
+
+TEST_F(TaskList, RowsComeBeforeTheirCount) {
+    int rowsAtCount = -1;
+    QObject::connect(&list, &TaskManagerViewModel::totalCountChanged, [&] { rowsAtCount = rowCount(); });
+    service.fillTasks(3);
+    reread();
+    EXPECT_EQ(rowsAtCount, 3);
+}
+
+TEST_F(TaskList, OnlyAnotherCatalogStartsAfresh) {
+    list.setSearchText("柱");
+    list.setItemsPerPage(30);
+    list.setCurrentPage(2);
+    list.setSearchTaskStatus(1);
+    list.setSearchDateLimit(false);
+    list.sortByColumn("任务名称", 2);
+    list.setCatalogId("base");
+    settle();
+    EXPECT_EQ(list.itemsPerPage(), 30);
+    EXPECT_TRUE(list.searchAsc());
+
+    list.setCatalogId("frame");
+    EXPECT_EQ(list.totalCount(), 0);
+    EXPECT_EQ(list.searchOrderColumn(), -1);
+    settle();
+    EXPECT_EQ(lastQuery().disclosureCatalogId, L"frame");
+    EXPECT_EQ(lastQuery().currentPage, 1);
+    EXPECT_EQ(lastQuery().pageSize, 15);
+    EXPECT_EQ(lastQuery().status, -1);
+    EXPECT_EQ(lastQuery().dateType, -1);
+    EXPECT_EQ(lastQuery().orderKey + lastQuery().orderType, L"");
+    EXPECT_EQ(lastQuery().keyword, L"柱");
+}
+
+TEST_F(TaskList, SortsByTheColumnsThatSort) {
+    const auto order = [this] {
+        settle();
+        return lastQuery().orderKey + L" " + lastQuery().orderType;
+    };
+    list.sortByColumn("任务名称", 2);
+    EXPECT_EQ(order(), L"taskName ASC");
+    list.sortByColumn("任务名称", 2);
+    EXPECT_EQ(order(), L"taskName DESC");
+    list.sortByColumn("更新时间", 12);
+    EXPECT_EQ(order(), L"updateAt ASC");
+    list.sortByColumn("状态", 11);
+    EXPECT_EQ(order(), L"updateAt ASC");
+    EXPECT_EQ(list.searchOrderColumn(), 12);
+}
+
+TEST_F(TaskList, DateChoicesSetTheFilter) {
+    const QDate today = QDate::currentDate();
+    list.chooseDateRange(7);
+    EXPECT_FALSE(list.searchDateLimit());
+    EXPECT_EQ(list.searchStartDate(), today.toString(Qt::ISODate));
+    list.chooseDateRange(8);
+    const QString tomorrow = today.addDays(1).toString(Qt::ISODate);
+    EXPECT_EQ(list.searchEndDate(), tomorrow);
+    list.chooseDateRange(15);
+    EXPECT_EQ(list.searchStartDate(), tomorrow) << "what was typed stays";
+    for (const char* wrong : {"", "2024-02-30", "1969-12-31"})
+        list.setSearchStartDate(wrong);
+    EXPECT_EQ(list.searchStartDate(), tomorrow);
+    list.setSearchEndDate("2024-02-29");
+    EXPECT_EQ(list.searchStartDate(), "2024-02-29");
+    list.setSearchStartDate("2024-03-01");
+    EXPECT_EQ(list.searchEndDate(), "2024-03-01");
+    EXPECT_FALSE(list.searchDateLimit());
+    list.chooseDateRange(0);
+    EXPECT_TRUE(list.searchDateLimit());
+}
+
+TEST_F(TaskList, DeletesAfterAQuestion) {
+    service.tasks[1].disclosureCatalogId = L"frame";
+    reread();
+    service.calls.clear();
+    host.answer = BASEUI::MessageResult::Cancel;
+    list.OnDelTasks({0, 1});
+    list.OnDelTasks({});
+    list.OnDelTasks({99, "x", QVariant()});
+    EXPECT_EQ(host.messages, QStringList{"是否删除？删除后，不能恢复数据。?"});
+    EXPECT_TRUE(service.calls.empty());
+
+    host.answer = BASEUI::MessageResult::Ok;
+    list.OnDelTasks({0, 1, 2, 2});
+    EXPECT_EQ(service.calls, (std::vector<std::wstring>{L"remove t0 t1 t2", L"log 删除交底 技术→交底管理→删除"}));
+    EXPECT_EQ(counts, (QStringList{"base -2", "frame -1"}));
+    settle();
+    EXPECT_EQ(list.totalCount(), 28);
+    EXPECT_EQ(shown(0, "name"), "任务3");
+
+    service.refused = L"remove";
+    list.OnDelTasks({0});
+    settle();
+    EXPECT_EQ(list.totalCount(), 28);
+    EXPECT_EQ(counts.size(), 2);
+}
+
+TEST_F(TaskList, MovesUpToTheFirstRefusal) {
+    service.tasks[1].disclosureCatalogId = L"mep";
+    service.tasks[2].disclosureCatalogId = L"frame";
+    reread();
+    service.refused = L"task t4";
+    service.queries.clear();
+    list.moveTasksTo("frame", {0, 1, 2, 3, 4, 5});
+    EXPECT_EQ(counts, (QStringList{"base -2", "frame 3", "mep -1"})) << "one was there already, two stay";
+    EXPECT_EQ(service.calls.back(), L"task t4 to frame");
+    settle();
+    EXPECT_EQ(service.queries.size(), 1u);
+    EXPECT_EQ(shown(3, "catalogid"), "frame");
+    EXPECT_EQ(shown(4, "catalogid"), "base");
+}
+
+TEST_F(TaskList, RowsTellWhatTheRecordSays) {
+    auto& task = service.tasks[0];
+    task.status = 3;
+    task.isPublish = 1;
+    task.updateBy = L"lina";
+    task.constructionStartDateMills = mills(2024, 2, 29, QTime(8, 30));
+    task.disclosureTaskReceiveUserList.resize(2);
+    task.disclosureTaskReceiveUserList[0].userRealname = L"李娜";
+    task.disclosureTaskReceiveUserList[1].userName = L"noname";
+    task.disclosureTaskViewportList.resize(1);
+    task.disclosureTaskViewportList[0].viewportName = L"视口";
+    task.disclosureTaskNodeList.resize(1);
+    task.disclosureTaskNodeList[0].nodeName = L"节点";
+    task.disclosureTaskDocList.resize(1);
+    task.disclosureTaskDocList[0].name = L"方案.pdf";
+    service.tasks[1].status = 9;
+    reread();
+    const std::pair<const char*, QString> expected[] = {
+        {"status", "交底中"},         {"released", "true"},     {"updateperson", "李娜"},
+        {"start_show", "2024-02-29"}, {"end_show", ""},         {"receiver", "李娜、noname"},
+        {"relBIMs", "视口、节点"},    {"relFiles", "方案.pdf"}, {"owner", "张伟 (zhangwei)"}};
+    for (const auto& [property, text] : expected)
+        EXPECT_EQ(shown(0, property), text) << property;
+    EXPECT_EQ(shown(1, "status"), "");
+    EXPECT_FALSE(row(0)->property("end_date").toDateTime().isValid());
+}
+
+TEST_F(TaskList, NamesakesAreToldApart) {
+    EXPECT_EQ(row(0)->property("ownermodel").toStringList(),
+              (QStringList{"张伟 (zhangwei)", "李娜", "张伟 (zhangwei2)", "noname"}));
+    EXPECT_TRUE(list.onEditOwner("张伟 (zhangwei2)", row(0)));
+    EXPECT_EQ(service.updates.back().disclosureUserName, L"zhangwei2");
+    EXPECT_EQ(service.updates.back().name, L"任务0") << "the whole record goes out";
+    EXPECT_EQ(row(0)->property("ownermodel").toStringList().first(), "张伟 (zhangwei2)");
+
+    EXPECT_TRUE(list.onEditOwner("张伟 (zhangwei2)", row(0)));
+    EXPECT_FALSE(list.onEditOwner("张伟", row(0)));
+    service.refused = L"update";
+    EXPECT_FALSE(list.onEditOwner("李娜", row(1)));
+    EXPECT_EQ(shown(1, "owner"), "张伟 (zhangwei)");
+    EXPECT_EQ(service.updates.size(), 2u);
+}
+
+TEST(DiscloserNames, NoTwoPeopleAreShownAlike) {
+    const std::vector<BASEPACKAGE::UserRecord> department{{L"zhangwei", L"李娜", L"", L""}, {L"李娜", L"", L"", L""},
+                                                          {L"a", L"王 (b)", L"", L""},      {L"b", L"王", L"", L""},
+                                                          {L"c", L"王", L"", L""},          {L"c", L"王", L"", L""}};
+    const DiscloserNames names(department);
+    EXPECT_EQ(names.choices("王 (c)"),
+              (QStringList{"王 (c)", "李娜 (zhangwei)", "李娜 (李娜)", "王 (b)", "王 (b) (b)"}));
+    for (const auto& person : department)
+        EXPECT_EQ(names.userName(names.shown(person.userName)), person.userName);
+    EXPECT_EQ(names.shown(L"x", L"王"), "王 (x)") << "of another department";
+    EXPECT_EQ(names.shown(L"x", L"赵"), "赵");
+    EXPECT_EQ(names.userName("赵"), L"");
+}
+
+TEST_F(TaskList, DatesOfACellAreSavedOrPutBack) {
+    EXPECT_TRUE(list.onEditDate("2024-02-29", "施工开始日期", row(0)));
+    EXPECT_TRUE(list.onEditDate("2024-03-01", "施工结束日期", row(1)));
+    EXPECT_TRUE(list.onEditDate("2024-03-02", "计划交底日期", row(2)));
+    EXPECT_EQ(service.updates[0].constructionStartDateMills, mills(2024, 2, 29));
+    EXPECT_EQ(service.updates[1].constructionEndDateMills, mills(2024, 3, 1));
+    EXPECT_EQ(service.updates[2].planDisclosureDateMills, mills(2024, 3, 2));
+    EXPECT_EQ(shown(0, "start_show"), "2024-02-29");
+    settle();
+    EXPECT_TRUE(list.onEditDate("", "施工开始日期", row(0)));
+    EXPECT_EQ(service.updates.back().constructionStartDateMills, 0);
+    settle();
+
+    service.updates.clear();
+    for (const char* wrong : {"2024-02-30", "29.2.2024", "1969-01-01"})
+        EXPECT_FALSE(list.onEditDate(wrong, "施工结束日期", row(1))) << wrong;
+    EXPECT_FALSE(list.onEditDate("2024-03-01", "更新时间", row(1)));
+    EXPECT_FALSE(list.onEditDate("2024-03-01", "施工结束日期", nullptr));
+    EXPECT_FALSE(list.onEditDate("2024-03-02", "施工开始日期", row(1)));
+    EXPECT_EQ(host.messages, QStringList{"施工开始日期不能晚于施工结束日期"});
+    EXPECT_TRUE(service.updates.empty());
+    service.refused = L"update";
+    EXPECT_FALSE(list.onEditDate("2024-03-05", "施工结束日期", row(1)));
+    EXPECT_EQ(shown(1, "end_show"), "2024-03-01");
+}
+
+TEST_F(TaskList, PublishedTasksAreNotEdited) {
+    service.tasks[0].isPublish = 1;
+    reread();
+    list.onEditTaskName(row(0));
+    list.onEditBimInfo(row(0));
+    list.onEditDocInfo(row(0));
+    list.ModifyTask(row(0));
+    EXPECT_FALSE(list.onEditOwner("李娜", row(0)));
+    EXPECT_FALSE(list.onEditDate("2024-03-01", "计划交底日期", row(0)));
+    EXPECT_EQ(host.messages.count("已发布的任务暂不支持编辑"), 6);
+    EXPECT_EQ(host.messages.size(), 6);
+    EXPECT_TRUE(service.updates.empty());
+}
+
+TEST_F(TaskList, NoRowGoesWhileAMessageIsOpen) {
+    BASEUI::SetMessageBoxHandler([this](const std::wstring&, QWidget*, BASEUI::MessageButtons) {
+        list.RefreshCurrentTaskInfo(true);
+        settle();
+        EXPECT_TRUE(service.queries.empty());
+        return BASEUI::MessageResult::Cancel;
+    });
+    service.queries.clear();
+    list.OnDelTasks({0});
+    settle();
+    EXPECT_EQ(service.queries.size(), 1u);
+}
+
+TEST_F(TaskList, DoesNothingWithoutAManager) {
+    host.core.managers.clear();
+    list.nextPage();
+    settle();
+    list.OnDelTasks({0});
+    list.moveTasksTo("frame", {0});
+    list.OnExportTasksToExcel({0});
+    list.onClickPreviewTask(row(0));
+    support::ModalWindow::expectNone([this] {
+        list.AddTask();
+        list.ModifyTask(row(0));
+        list.OnMoveTasks({0});
+        list.onClickRemind();
+    });
+    EXPECT_FALSE(list.onEditOwner("李娜", row(0)));
+    EXPECT_FALSE(list.onEditDate("2024-03-01", "计划交底日期", row(0)));
+    EXPECT_TRUE(host.messages.isEmpty());
+    EXPECT_EQ(rowCount(), 15);
+}
+
+}  // namespace

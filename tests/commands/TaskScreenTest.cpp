@@ -1,0 +1,316 @@
+#include <ctime>
+
+#include "tests/commands/TaskWindow.h"
+
+using BASETOOLS::CAuthCodeTool;
+using support::ModalWindow;
+
+namespace {
+
+class TaskScreen : public TaskWindow {
+protected:
+    TaskScreen() : TaskWindow(31, {2000, 1000}, {CAuthCodeTool::kEditTasks, CAuthCodeTool::kDeleteTasks}) {
+        service.tasks[1].isPublish = 1;
+    }
+
+    /// The calendar cell of that column in the row of the task.
+    static QQuickItem* dateCell(const ModalWindow& window, const QString& taskId, const QString& column) {
+        return support::findItem(table(window), [&](QQuickItem* item) {
+            const auto* task = qobject_cast<TaskModel*>(item->property("task").value<QObject*>());
+            return task && task->id() == taskId && item->property("column") == column;
+        });
+    }
+    static QQuickItem* button(const ModalWindow& window, const QString& toolTip) {
+        return support::findItem(table(window)->parentItem(),
+                                 [&](QQuickItem* item) { return item->property("tooltipText") == toolTip; });
+    }
+    void doubleClick(const ModalWindow& window, const QQuickItem* item) {
+        ASSERT_TRUE(item);
+        QTest::mouseDClick(window.view(), Qt::LeftButton, {},
+                           item->mapToScene({item->width() / 2, item->height() / 2}).toPoint());
+        ModalWindow::settle();
+    }
+    /// The window of the list that a combo box has opened.
+    static QWindow* openList() {
+        const QWindowList windows = QGuiApplication::allWindows();
+        for (QWindow* window : windows)
+            if (window->isVisible() && window->inherits("QQuickPopupWindow1"))
+                return window;
+        return nullptr;
+    }
+    /// Replaces the text of the field and confirms it.
+    void enter(ModalWindow& window, QQuickItem* field, const QString& text) {
+        ASSERT_TRUE(field);
+        field->forceActiveFocus();
+        window.key(Qt::Key_A, Qt::ControlModifier);
+        window.type(text);
+        window.key(Qt::Key_Return);
+        settle();
+        settle();
+    }
+};
+
+}  // namespace
+
+TEST_F(TaskScreen, ShowsFourteenColumnsInTheirOrder) {
+    run([&](ModalWindow& window) {
+        QStringList titles;
+        for (int column = 1; column < table(window)->property("columnCount").toInt(); ++column) {
+            QVariant shown;
+            QMetaObject::invokeMethod(table(window), "getColumn", Q_RETURN_ARG(QVariant, shown),
+                                      Q_ARG(QVariant, column));
+            titles << shown.value<QObject*>()->property("title").toString();
+        }
+        EXPECT_EQ(titles, (QStringList{"序号", "任务名称", "关联BIM", "关联资料", "施工开始日期", "施工结束日期",
+                                       "计划交底日期", "交底人", "实际交底日期", "预览", "状态", "操作", "更新时间",
+                                       "更新人"}));
+        EXPECT_TRUE(window.text("任务14"));
+        EXPECT_TRUE(window.text("共计31条数据"));
+        list->nextPage();
+        settle();
+        EXPECT_TRUE(window.text("任务15"));
+        EXPECT_TRUE(window.text("16")) << "rows are numbered through";
+    });
+}
+
+TEST_F(TaskScreen, FiltersGoIntoTheQuery) {
+    run([&](ModalWindow& window) {
+        list->lastPage();
+        settle();
+        QQuickItem* status = window.find("currentText", "全部");
+        ASSERT_TRUE(status);
+        status->forceActiveFocus();
+        window.key(Qt::Key_Down);
+        settle();
+        EXPECT_EQ(service.queries.back().status, 1);
+        EXPECT_EQ(service.queries.back().currentPage, 1);
+
+        QQuickItem* dateKind = window.find("currentText", "实际交底时间");
+        EXPECT_FALSE(dateKind->isEnabled());
+        window.click(window.find("text", "不限"));
+        EXPECT_TRUE(dateKind->isEnabled());
+        window.click(button(window, "常用日期范围"));
+        window.click(window.text("今天"));
+        settle();
+        EXPECT_EQ(service.queries.back().dateType, 1);
+        enter(window, window.find("day", QDate::currentDate().toString("yyyy-MM-dd")), "2024-02-29");
+        EXPECT_EQ(list->searchStartDate(), "2024-02-29");
+
+        list->setCatalogId("mep");
+        settle();
+        EXPECT_EQ(status->property("currentIndex"), 0);
+        EXPECT_FALSE(dateKind->isEnabled());
+    });
+}
+
+TEST_F(TaskScreen, DaysStayTheSameWestOfGreenwich) {
+    const QByteArray before = qgetenv("TZ");
+    qputenv("TZ", "America/New_York");
+    tzset();
+    service.tasks[0].planDisclosureDateMills = QDate(2024, 2, 29).startOfDay().toMSecsSinceEpoch();
+    run([&](ModalWindow& window) {
+        EXPECT_EQ(dateCell(window, "t0", "计划交底日期")->property("value"), "2024-02-29");
+        window.click(window.find("text", "不限"));
+        QQuickItem* start = window.find("day", list->searchStartDate());
+        ASSERT_TRUE(start);
+        EXPECT_EQ(start->property("text"), QDate::currentDate().toString(Qt::ISODate));
+        enter(window, start, "2024-02-29");
+        EXPECT_EQ(start->property("text"), "2024-02-29");
+        EXPECT_EQ(service.queries.back().startDateMills, QDate(2024, 2, 29).startOfDay().toMSecsSinceEpoch());
+        list->onEditDate("2024-03-01", "计划交底日期", task(0));
+        EXPECT_EQ(task(0)->property("plan_show"), "2024-03-01");
+    });
+    before.isNull() ? qunsetenv("TZ") : qputenv("TZ", before);
+    tzset();
+}
+
+TEST_F(TaskScreen, PageBarStaysInsideThePages) {
+    run([&](ModalWindow& window) {
+        QQuickItem* page = window.find("objectName", "page");
+        // A service that has died leaves the page as it was.
+        const std::tuple<const char*, const char*, const char*, const wchar_t*> steps[] = {
+            {"2", "2", "任务15", L""},
+            {"99", "3", "任务30", L""},
+            {"0", "1", "任务0", L""},
+            {"2", "1", "任务0", L"page"}};
+        for (const auto& [typed, shown, row, refused] : steps) {
+            service.refused = refused;
+            enter(window, page, typed);
+            EXPECT_EQ(page->property("text"), shown);
+            EXPECT_TRUE(window.text(row)) << row;
+        }
+    });
+}
+
+TEST_F(TaskScreen, CheckedRowsAreDeleted) {
+    run([&](ModalWindow& window) {
+        QQuickItem* remove = button(window, "删除");
+        EXPECT_FALSE(remove->isEnabled());
+        task(2)->setSelected(true);
+        task(4)->setSelected(true);
+        EXPECT_TRUE(remove->isEnabled());
+        window.click(remove);
+        settle();
+        EXPECT_EQ(service.tasks.size(), 29u);
+        EXPECT_FALSE(window.text("任务2"));
+        EXPECT_FALSE(remove->isEnabled());
+        window.click(window.find("objectName", "selectAll"));
+        window.click(remove);
+        settle();
+        EXPECT_EQ(service.tasks.size(), 14u);
+        EXPECT_TRUE(window.text("任务30"));
+    });
+}
+
+TEST_F(TaskScreen, CellsAreEditedUntilTheTaskIsPublished) {
+    run([&](ModalWindow& window) {
+        QQuickItem* date = dateCell(window, "t0", "计划交底日期");
+        ASSERT_TRUE(date);
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+            const QString today = "day" + QDate::currentDate().toString(Qt::ISODate);
+            date->forceActiveFocus();
+            window.key(key);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return window.find("objectName", today) != nullptr; }));
+            window.key(Qt::Key_Escape);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return window.find("objectName", today) == nullptr; }));
+        }
+        QMetaObject::invokeMethod(date, "picked", Q_ARG(QString, "2024-02-29"));
+        EXPECT_EQ(date->property("value"), "2024-02-29");
+        service.refused = L"update";
+        QMetaObject::invokeMethod(date, "picked", Q_ARG(QString, "2024-03-01"));
+        EXPECT_EQ(date->property("value"), "2024-02-29");
+        service.refused.clear();
+        settle();
+        EXPECT_FALSE(dateCell(window, "t1", "计划交底日期")->isEnabled());
+
+        const QPoint owner = window.text("张伟 (zhangwei)")->mapToScene({5, 5}).toPoint();
+        QTest::mouseMove(window.view(), owner);
+        ModalWindow::settle();
+        QQuickItem* chooser = window.find("currentText", "张伟 (zhangwei)");
+        ASSERT_TRUE(chooser);
+        const std::size_t updates = service.updates.size();
+        QWheelEvent wheel(owner, window.view()->mapToGlobal(owner), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(window.view(), &wheel);
+        EXPECT_EQ(service.updates.size(), updates) << "the wheel scrolls, it chooses nobody";
+        chooser->forceActiveFocus();
+        service.refused = L"update";
+        // The list is a window of its own, which a window manager would give the keyboard; this platform may forget to.
+        const auto hasKeyboard = [] {
+            if (openList() && QGuiApplication::focusWindow() != openList())
+                openList()->requestActivate();
+            return openList() && QGuiApplication::focusWindow() == openList();
+        };
+        const auto opens = [&](Qt::Key key) {
+            window.key(key);
+            return QTest::qWaitFor(hasKeyboard);
+        };
+        const auto closes = [&](Qt::Key key) {
+            return QTest::qWaitFor([&] {
+                if (hasKeyboard())
+                    QTest::keyPress(openList(), key);
+                ModalWindow::settle();
+                return !openList();
+            });
+        };
+        for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_N}) {
+            ASSERT_TRUE(opens(key)) << QKeySequence(key).toString().toStdString();
+            ASSERT_TRUE(closes(Qt::Key_Escape));
+        }
+        EXPECT_EQ(service.updates.size(), updates) << "a key in passing chooses nobody";
+        ASSERT_TRUE(opens(Qt::Key_Down));
+        QTest::keyPress(openList(), Qt::Key_Down);
+        ASSERT_TRUE(closes(Qt::Key_Return));
+        ASSERT_EQ(service.updates.size(), updates + 1);
+        EXPECT_EQ(service.updates.back().disclosureUserName, L"lina");
+        EXPECT_EQ(chooser->property("currentIndex"), 0);
+        EXPECT_EQ(task(0)->property("owner"), "张伟 (zhangwei)");
+    });
+}
+
+TEST_F(TaskScreen, CommandsOfARowReachItsTask) {
+    run([&](ModalWindow& window) {
+        doubleClick(window, window.text("任务1"));
+        EXPECT_EQ(host.messages, QStringList{"已发布的任务暂不支持编辑"});
+        doubleClick(window, window.text("任务0"));
+        EXPECT_EQ(host.messages.back(), "该功能将在后续版本提供");
+        EXPECT_EQ(currentRow(window), 0);
+    });
+}
+
+TEST_F(TaskScreen, KeysReachTheRows) {
+    run([&](ModalWindow& window) {
+        table(window)->forceActiveFocus();
+        window.key(Qt::Key_Delete);
+        window.key(Qt::Key_Return);
+        EXPECT_TRUE(host.messages.isEmpty()) << "no row is current or checked";
+        window.key(Qt::Key_Down);
+        window.key(Qt::Key_Down);
+        window.key(Qt::Key_F2);
+        EXPECT_EQ(host.messages, QStringList{"已发布的任务暂不支持编辑"});
+        window.key(Qt::Key_Up);
+        ModalWindow::run([&] { window.key(Qt::Key_Return); },
+                         [](ModalWindow& editor) { EXPECT_TRUE(editor.find("value", "任务0")); });
+        window.key(Qt::Key_Space);
+        window.key(Qt::Key_Delete);
+        settle();
+        EXPECT_EQ(service.tasks.front().id, L"t1");
+        EXPECT_EQ(currentRow(window), 0);
+        window.key(Qt::Key_Tab);
+        EXPECT_EQ(window.view()->activeFocusItem()->property("text"), "任务1") << "the current row's first cell";
+    });
+}
+
+TEST_F(TaskScreen, AClickOnARowTakesTheKeyboardFromItsButtons) {
+    for (auto& task : service.tasks)
+        task.isPublish = 1;
+    host.window.resize(2400, 1400);
+    run([&](ModalWindow& window) {
+        QQuickItem* edit = support::findItem(window.view()->contentItem(), [](QQuickItem* item) {
+            return item->property("task").value<QObject*>() &&
+                   item->property("iconSource") == QUrl("qrc:/ui/Images/edit.png");
+        });
+        ASSERT_TRUE(edit);
+        auto* task = edit->property("task").value<TaskModel*>();
+        window.click(edit);
+        window.click(edit);
+        EXPECT_EQ(host.messages.size(), 2) << "published tasks are not edited";
+        window.click(window.text(task->property("name").toString()));
+        window.key(Qt::Key_Space);
+        EXPECT_EQ(host.messages.size(), 2) << "nothing is to be edited";
+        EXPECT_TRUE(task->selected());
+    });
+}
+
+TEST_F(TaskScreen, AnotherReadingKeepsThePlace) {
+    host.window.resize(1000, 500);
+    run([&](ModalWindow& window) {
+        window.click(window.text("任务1"));
+        window.key(Qt::Key_End);
+        auto* view = table(window)->property("flickableItem").value<QQuickItem*>();
+        ASSERT_TRUE(QTest::qWaitFor([view] { return view->property("atYEnd").toBool(); }));
+        const qreal top = view->property("contentY").toReal();
+        view->setProperty("contentX", 120);
+        list->RefreshCurrentTaskInfo(true);
+        settle();
+        EXPECT_EQ(view->property("contentX"), 120);
+        EXPECT_EQ(currentRow(window), 14);
+        EXPECT_EQ(view->property("contentY").toReal(), top);
+        list->nextPage();
+        settle();
+        EXPECT_EQ(currentRow(window), -1);
+        EXPECT_LT(view->property("contentY").toReal(), 0) << "the header is in sight";
+        EXPECT_EQ(view->property("contentX"), 0);
+    });
+}
+
+TEST_F(TaskScreen, WithoutRightsNothingCanBeChanged) {
+    host.rights.granted.clear();
+    run([&](ModalWindow& window) {
+        task(0)->setSelected(true);
+        EXPECT_FALSE(button(window, "删除")->isEnabled());
+        EXPECT_FALSE(dateCell(window, "t0", "计划交底日期")->isEnabled());
+        doubleClick(window, window.text("任务0"));
+        window.key(Qt::Key_F2);
+        EXPECT_TRUE(host.messages.isEmpty());
+    });
+}

@@ -1,0 +1,64 @@
+// A plug-in that uses the workbench as a person would: it runs the command, walks the screens, saves a picture of each
+// and compares every change with what the service then says. The first difference ends the program with status 1.
+
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+#include "sdk/basecore/MgrObject.h"
+#include "sdk/basecore/PlugIn.h"
+#include "tests/end_to_end/Screen.h"
+#include "tests/end_to_end/Walks.h"
+
+namespace {
+
+class SmokeDriver final : public BASECORE::FRAME::CMgrObject {
+public:
+    SmokeDriver() : CMgrObject(L"SmokeDriver"), m_service(qEnvironmentVariable("SMOKE_SERVICE")) {}
+
+    void Startup() override {
+        QTimer::singleShot(0, qApp, [this] { walk(); });
+    }
+
+private:
+    void walk() {
+        QToolButton* button = nullptr;
+        screen::expect(QTest::qWaitFor([&] { return (button = commandButton()) != nullptr; }, 10000),
+                       "the command's button shows");
+        QTest::qWait(500);  // the status line asks the service once
+        screen::picture("workbench");
+        screen::inDialog(
+            QStringLiteral("交底管理"), [&] { QTest::mouseClick(button, Qt::LeftButton); },
+            [this](QQuickView* view) {
+                screen::picture("main-window");
+                walkCatalogs(view, m_service);
+                walkTaskList(view, m_service);
+                walkTaskLife(view, m_service);
+                walkReminders(view, m_service);
+            });
+        walkMessages(m_service);
+        std::puts("smoke: all is as it should be");
+        qApp->closeAllWindows();
+        qApp->quit();
+    }
+
+    static QToolButton* commandButton() {
+        const auto widgets = QApplication::allWidgets();
+        for (QWidget* widget : widgets)
+            if (auto* button = qobject_cast<QToolButton*>(widget))
+                if (button->isVisible() && button->text() == QStringLiteral("技术交底"))
+                    return button;
+        return nullptr;
+    }
+
+    ServiceProbe m_service;
+};
+
+}  // namespace
+
+PLUGIN_EXPORT void GetCommands(BASECORE::PLUGIN::CommandList&) {}
+
+PLUGIN_EXPORT void GetManagers(BASECORE::PLUGIN::ManagerList& managers) {
+    managers.push_back(new SmokeDriver);
+}

@@ -1,0 +1,4 @@
+// A library that is no plug-in.
+extern "C" __attribute__((visibility("default"))) int bare() {
+    return 0;
+}

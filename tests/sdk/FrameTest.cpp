@@ -1,0 +1,100 @@
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+#include <stdexcept>
+#include <utility>
+
+#include <QCoreApplication>
+
+#include "sdk/basecore/CmdObject.h"
+#include "sdk/basecore/ManagerNames.h"
+
+namespace {
+
+using BASECORE::CMD::CmdStatus;
+
+class Command : public BASECORE::CMD::CPushMsgCmdObj {
+public:
+    std::wstring GetName() const override { return L"command"; }
+    bool IsEnable() const override { return enabled; }
+    bool RunCommand() override {
+        ++runs;
+        const bool succeeds = runSucceeds;
+        if (const auto work = std::exchange(inRun, {}))
+            work();  // may destroy the command
+        return succeeds;
+    }
+    bool FinishCommand() override {
+        ++finishes;
+        return true;
+    }
+
+    bool enabled = true;
+    bool runSucceeds = true;
+    int runs = 0;
+    int finishes = 0;
+    std::function<void()> inRun;  // once
+};
+
+TEST(PushMessageCommand, RunsFromTheEventLoopOnceAtATime) {
+    Command command;
+    EXPECT_TRUE(command.Execute());
+    EXPECT_FALSE(command.Execute());
+    EXPECT_EQ(command.runs, 0);
+    command.inRun = [&] { EXPECT_EQ(command.GetStatus(), CmdStatus::Running); };
+    QCoreApplication::processEvents();
+    EXPECT_EQ(command.runs, 1);
+    EXPECT_EQ(command.finishes, 1);
+    EXPECT_EQ(command.GetStatus(), CmdStatus::Idle);
+    EXPECT_EQ(command.GetFault(), L"");
+
+    command.inRun = [&] {
+        EXPECT_TRUE(command.Execute());
+        QCoreApplication::processEvents();
+        EXPECT_EQ(command.runs, 3);
+        EXPECT_EQ(command.GetStatus(), CmdStatus::Running);
+    };
+    EXPECT_TRUE(command.Execute());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(command.runs, 3);
+    EXPECT_EQ(command.GetStatus(), CmdStatus::Idle);
+}
+
+TEST(PushMessageCommand, DoesNotRunWhenDisabledStoppedOrGone) {
+    Command command;
+    command.enabled = false;
+    EXPECT_FALSE(command.Execute());
+    command.enabled = true;
+    command.Execute();
+    command.Stop();
+    std::make_unique<Command>()->Execute();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(command.runs, 0);
+}
+
+TEST(PushMessageCommand, WhatARunFailsThrowsOrDestroysEndsThere) {
+    Command command;
+    command.runSucceeds = false;
+    command.Execute();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(command.finishes, 0);
+    EXPECT_NE(command.GetFault(), L"");
+    command.inRun = [] { throw std::runtime_error("lost"); };
+    command.Execute();
+    EXPECT_EQ(command.GetFault(), L"");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(command.GetFault(), L"lost");
+    EXPECT_EQ(command.GetStatus(), CmdStatus::Idle);
+
+    auto gone = std::make_unique<Command>();
+    gone->inRun = [&] { gone.reset(); };
+    gone->Execute();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(gone, nullptr);
+}
+
+TEST(ManagerNames, TheBlankAtTheEndBelongsToTheName) {
+    EXPECT_STREQ(BASECORE::NAMES::kAuthentication, L"CENTRALAUTHENTICATIONSERVICE_MGR ");
+}
+
+}  // namespace

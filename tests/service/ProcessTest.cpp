@@ -1,0 +1,381 @@
+#include <fstream>
+#include <gtest/gtest.h>
+#include <map>
+#include <random>
+#include <set>
+#include <signal.h>
+#include <soci/soci.h>
+#include <soci/sqlite3/soci-sqlite3.h>
+#include <thread>
+
+#include "tests/service/ServedProgram.h"
+#include "tests/service/TaskTest.h"
+
+namespace disclosure::testing {
+namespace {
+
+class Process : public ::testing::Test {
+protected:
+    /// Runs one command of the program in a shell, which feeds it `input`; returns whether it succeeded.
+    bool run(const std::string& command, const std::string& input = {}) const {
+        const std::string line = "printf '%s\\n' '" + input + "' | '" + Program + "' --database '" + database + "' " +
+                                 command + " > '" + folder.file("out") + "' 2>&1";
+        return std::system(line.c_str()) == 0;
+    }
+    std::string output() const {
+        std::ifstream file(folder.file("out"));
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    soci::session open() const { return {soci::sqlite3, "dbname=\"" + database.substr(7) + "\""}; }
+    std::string contentOf(const std::string& uuid) const {
+        std::ifstream file(folder.file("data dir/files/" + uuid.substr(0, 2) + "/" + uuid), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    TempFolder folder;
+    std::string database = "sqlite:" + folder.file("data dir/disclosure.db");
+};
+
+TEST_F(Process, PeopleAreManagedFromTheCommandLine) {
+    ASSERT_TRUE(run("seed --demo"));
+    ASSERT_TRUE(run("seed --demo")) << "again";
+    EXPECT_TRUE(run("user add wang --realname 王五 --dept demo-dept-1", "first secret"));
+    EXPECT_FALSE(run("user add wang --realname 王五 --dept demo-dept-1", "x")) << "there already";
+    EXPECT_FALSE(run("user add li --realname 李四 --dept none", "x"));
+    EXPECT_FALSE(run("user grant wang --dept demo-dept-1 AUTH_NONE"));
+    EXPECT_TRUE(run("user grant wang --dept demo-dept-1 AUTH_JIAODIGUANLI_EDITMULU"));
+    ASSERT_TRUE(run("user list"));
+    EXPECT_NE(output().find("wang\t王五\tdemo-dept-1\tAUTH_JIAODIGUANLI_EDITMULU\n"), std::string::npos) << output();
+
+    Served served(folder, database);
+    Client client(served.port());
+    ASSERT_EQ(client.login("wang", "first secret").status, 200);
+    EXPECT_EQ(client.post(SavePath, saveBody(FirstDept, "", "新目录", Top)).code(), 200);
+    EXPECT_TRUE(run("user passwd wang", "second secret"));
+    EXPECT_EQ(client.get(std::string(ListPath) + FirstDept).status, 302) << "a new password ends the sessions";
+    EXPECT_EQ(client.login("wang", "first secret").status, 401);
+    EXPECT_EQ(client.login("wang", "second secret").status, 200);
+}
+
+TEST_F(Process, TakesOverAnOrganisationWholeOrNotAtAll) {
+    const std::string good =
+        "[[department]]\nid = \"hq\"\nname = \"总公司\"\n[[department]]\nid = \"site\"\nname = \"三号工地\"\n"
+        "parent = \"hq\"\n[[project]]\nppid = 7\nname = \"三号工程\"\ndept = \"site\"\n";
+    const std::string seed = "seed --organisation '" + folder.file("org.toml") + "'";
+    std::ofstream(folder.file("org.toml")) << good << "[[project]]\nppid = 8\nname = \"x\"\ndept = \"none\"\n";
+    EXPECT_FALSE(run(seed));
+    EXPECT_FALSE(run("user add wang --realname 王五 --dept site", "secret")) << "nothing of it was taken over";
+    std::ofstream(folder.file("org.toml")) << good;
+    ASSERT_TRUE(run(seed)) << output();
+    ASSERT_TRUE(run(seed)) << "again";
+    ASSERT_TRUE(run("user add wang --realname 王五 --dept site", "secret"));
+    Served served(folder, database);
+    Client client(served.port());
+    client.login("wang", "secret");
+    EXPECT_STREQ(client.get("/rs/platform/projects").json()["result"][0]["name"].GetString(), "三号工程");
+}
+
+TEST_F(Process, SaysWhereItListensAndRefusesWhatItCannotDo) {
+    {
+        Served served(folder, database);
+        EXPECT_EQ(output(), "listening on 127.0.0.1:" + std::to_string(served.port()) + "\n");
+        EXPECT_EQ(Client(served.port()).get("/readyz").code(), 200);
+        EXPECT_FALSE(run("serve --listen 127.0.0.1:" + std::to_string(served.port()))) << "taken";
+        EXPECT_EQ(served.end(SIGINT), 0);
+    }
+    EXPECT_FALSE(run("serve --listen nonsense"));
+    EXPECT_FALSE(run("serve --database mysql:x"));
+    std::ofstream(folder.file("bad.toml")) << "[server]\nlissten = \"127.0.0.1:0\"\n";
+    EXPECT_FALSE(run("migrate --config '" + folder.file("bad.toml") + "'"));
+    EXPECT_NE(output().find("server.lissten is not known"), std::string::npos) << output();
+}
+
+TEST_F(Process, WhatIsInHandIsFinishedBeforeTheEnd) {
+    ASSERT_TRUE(run("seed --demo"));
+    Served served(folder, database);
+    Client client(served.port());
+    client.login("demo", "demo");
+    const auto begin = [&](Wire& wire, const std::string& target, const std::string& type, std::size_t size) {
+        wire.send("POST " + target + " HTTP/1.1\r\nHost: localhost\r\nCookie: " + client.cookie() +
+                  "\r\nContent-Type: " + type + "\r\nExpect: 100-continue\r\nContent-Length: " + std::to_string(size) +
+                  "\r\n\r\n");
+        EXPECT_EQ(wire.answer().status, 100);
+    };
+    const std::string body = R"({"username":"demo","password":"demo"})";
+    const std::string content(900'000, 'x');
+    {
+        Wire request(served.port());
+        Wire upload(served.port());
+        begin(request, "/rs/auth/login", "application/json", body.size());
+        begin(upload, "/rs/platform/files?deptId=demo-dept-1&name=a.pdf", OctetStream, content.size());
+        served.signal(SIGTERM);
+        request.send(body);
+        const Answer answered = request.answer();
+        EXPECT_EQ(answered.code(), 200);
+        EXPECT_FALSE(answered.keepsOpen);
+        upload.send(content);
+        const Answer stored = upload.answer();
+        ASSERT_EQ(stored.code(), 200);
+        EXPECT_EQ(contentOf(stored.json()["result"]["uuid"].GetString()), content);
+    }
+    EXPECT_EQ(served.wait(), 0);
+}
+
+TEST_F(Process, AFullDiskLeavesNothingHalfAndSaysSo) {
+    ASSERT_TRUE(run("seed --demo"));
+    int demoFiles = 0;
+    open() << "SELECT COUNT(*) FROM stored_file", soci::into(demoFiles);
+    Served served(folder, database);
+    Client client(served.port());
+    client.login("demo", "demo");
+    const std::string large(9'000'000, 'x');
+    served.limitFiles(8'000'000);
+    const Answer full = client.upload(FirstDept, "a.pdf", large);
+    EXPECT_EQ(full.status, 507);
+    EXPECT_EQ(full.msg(), "服务器存储空间不足");
+    EXPECT_EQ(client.upload(FirstDept, "b.pdf", "small").code(), 200);
+    served.limitFiles(RLIM_INFINITY);
+    EXPECT_EQ(client.upload(FirstDept, "a.pdf", large).code(), 200);
+    EXPECT_EQ(served.end(SIGTERM), 0);
+    int rows = 0;
+    open() << "SELECT (SELECT COUNT(*) FROM stored_file) + 100 * (SELECT COUNT(*) FROM file_upload)", soci::into(rows);
+    EXPECT_EQ(rows, demoFiles + 2);
+    int files = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.file("data dir/files")))
+        files += entry.is_regular_file() ? 1 : 0;
+    EXPECT_EQ(files, demoFiles + 2);
+}
+
+TEST_F(Process, TheDemonstrationsTasksHaveADocumentEach) {
+    ASSERT_TRUE(run("seed --demo"));
+    const auto number = [this](const std::string& query) {
+        int value = 0;
+        open() << query, soci::into(value);
+        return value;
+    };
+    const int tasks = number("SELECT COUNT(*) FROM task");
+    EXPECT_GT(tasks, 0);
+    EXPECT_EQ(number("SELECT COUNT(*) FROM task_doc d JOIN stored_file f ON f.dept_id = d.dept_id AND f.uuid = d.uuid "
+                     "AND f.md5 = d.md5 AND f.size = d.size"),
+              tasks);
+}
+
+/// One client that changes catalogs and tasks of its own, uploads their documents, and remembers what was answered.
+class Writer {
+public:
+    Writer(int number, std::string cookie) : m_name("w" + std::to_string(number)), m_cookie(std::move(cookie)) {}
+
+    /// Until the service is gone.
+    void work(std::uint16_t port, std::atomic<int>& answered) {
+        Client client(port, m_cookie);
+        while (true) {
+            const int block = m_step / Steps;
+            const std::string parent = m_name + "-" + std::to_string(block);
+            const std::string old = m_name + "-" + std::to_string(block - 3);
+            std::map<std::string, std::string> next = m_known;
+            std::string content;
+            Answer answer;
+            switch (m_step % Steps) {
+                case 0:
+                    next[parent] = parent;
+                    answer = client.post(SavePath, saveBody(FirstDept, parent, parent, Top));
+                    break;
+                case 1:
+                    next[parent + "c"] = "child";
+                    answer = client.post(SavePath, saveBody(FirstDept, parent + "c", "child", parent));
+                    break;
+                case 2:
+                    next[parent] = parent + "r";
+                    answer = client.post(UpdatePath, R"({"id":")" + parent + R"(","name":")" + parent + "r\"}");
+                    break;
+                case 3:
+                    answer = client.post(MovePath, R"({"id":")" + parent + R"(","offset":0})");
+                    break;
+                case 4:
+                case 5:
+                    content = parent + std::string(static_cast<std::size_t>(1 + m_step * 7919 % 300'000), 'x');
+                    answer = client.upload(FirstDept, parent + ".pdf", content);
+                    break;
+                case 6:
+                    next[parent + "t"] = parent + "/2/2/2";
+                    answer = client.post(
+                        TaskPath + "save",
+                        taskBody(parent + "t", parent,
+                                 R"(,"disclosureTaskReceiveUserList":[{"id":"a","userName":"sunli"},{"id":"b",)"
+                                 R"("userName":"liuyang"}],"disclosureTaskViewportList":[{"viewportId":"v"}],)"
+                                 R"("disclosureTaskNodeList":[{"nodeId":"n"}],"disclosureTaskDocList":[)" +
+                                     docJson("d", "书.pdf", m_uuid, m_files[m_uuid].first, m_files[m_uuid].second) +
+                                     R"(,{"id":"s","name":"书"}])",
+                                 parent + "c"));
+                    break;
+                case 7:
+                    next[parent + "t"] = parent + "r/1/3/3";
+                    answer = client.post(TaskPath + "update",
+                                         R"({"id":")" + parent + R"(t","name":")" + parent +
+                                             R"(r","delDisclosureTaskReceiveUserIds":["a"],)"
+                                             R"("saveDisclosureTaskNodeList":[{"id":"m","nodeId":"m"}],)"
+                                             R"("saveDisclosureTaskDocList":[{"id":"e","name":"图"}]})");
+                    break;
+                default:
+                    next.erase(old);
+                    next.erase(old + "c");
+                    next.erase(old + "t");
+                    answer = client.del(DeletePath, R"({"id":")" + old + R"(","isContainsTask":1})");
+                    break;
+            }
+            if (answer.status == 0) {
+                m_perhaps = next;
+                return;
+            }
+            EXPECT_EQ(answer.status, 200);
+            const bool nothingToDo = m_step % Steps == Steps - 1 && block < 3;
+            EXPECT_EQ(answer.code(), nothingToDo ? 404 : 200) << m_step << answer.body;
+            if (!content.empty()) {
+                m_uuid = answer.json()["result"]["uuid"].GetString();
+                m_files[m_uuid] = {md5Of(content), std::ssize(content)};
+            }
+            m_known = next;
+            ++m_step;
+            ++answered;
+        }
+    }
+
+    /// What is there must be what was answered, or that with the one unanswered change carried out in full.
+    void check(const std::map<std::string, std::string>& all) {
+        std::map<std::string, std::string> mine;
+        for (const auto& [id, name] : all) {
+            if (id.starts_with(m_name + "-"))
+                mine[id] = name;
+        }
+        EXPECT_TRUE(mine == m_known || mine == m_perhaps) << m_name << " after step " << m_step;
+        if (mine != m_known)
+            ++m_step;
+        m_known = mine;
+    }
+
+    /// What was answered to have been stored: MD5 and size by uuid.
+    const std::map<std::string, std::pair<std::string, std::int64_t>>& files() const { return m_files; }
+
+private:
+    static constexpr int Steps = 9;
+
+    std::string m_name;
+    std::string m_cookie;
+    int m_step = 0;
+    std::string m_uuid;  // of the last upload
+    std::map<std::string, std::pair<std::string, std::int64_t>> m_files;
+    std::map<std::string, std::string> m_known;
+    std::map<std::string, std::string> m_perhaps;
+};
+
+TEST_F(Process, KilledWhileWritingItKeepsEveryAnsweredWriteAndNoHalfOnes) {
+    constexpr int Rounds = 200;
+    ASSERT_TRUE(run("seed --demo"));
+    std::map<std::string, std::pair<std::string, std::int64_t>> stored;
+    // Every row has its whole content; what has come since the last time is looked at.
+    const auto checkFiles = [&] {
+        soci::session sql = open();
+        soci::rowset<soci::row> rows = (sql.prepare << "SELECT uuid, md5, CAST(size AS INTEGER) FROM stored_file");
+        for (const soci::row& row : rows) {
+            const auto uuid = row.get<std::string>(0);
+            if (stored.contains(uuid))
+                continue;
+            const std::string content = contentOf(uuid);
+            EXPECT_EQ(md5Of(content), row.get<std::string>(1));
+            stored[uuid] = {md5Of(content), std::ssize(content)};
+        }
+    };
+    std::string cookie;
+    {
+        Served served(folder, database);
+        Client client(served.port());
+        client.login("demo", "demo");
+        cookie = client.cookie();
+    }
+    std::vector<Writer> writers;
+    for (int i = 0; i < 4; ++i)
+        writers.emplace_back(i, cookie);
+    std::mt19937 random(20240601);
+    for (int round = 0; round <= Rounds && !HasFailure(); ++round) {
+        checkFiles();
+        Served served(folder, database);
+        const auto json = Client(served.port(), cookie).get(std::string(ListPath) + FirstDept).json();
+        ASSERT_TRUE(json.IsObject() && json["code"].GetInt() == 200) << round;
+        std::map<std::string, std::string> all;
+        std::set<std::pair<std::string, int>> places;
+        for (const auto& c : json["result"].GetArray()) {
+            const std::string parent = c["parentId"].GetString();
+            EXPECT_TRUE(parent.empty() || all.contains(parent));
+            EXPECT_TRUE(places.insert({parent, c["sort"].GetInt()}).second) << "half a move";
+            all[c["id"].GetString()] = c["name"].GetString();
+        }
+        const auto tasks = Client(served.port(), cookie).get(PagePath + std::string("pageSize=200")).json();
+        for (const auto& t : tasks["result"]["result"].GetArray())
+            all[t["id"].GetString()] =
+                t["name"].GetString() + ("/" + std::to_string(t["disclosureTaskReceiveUserList"].Size())) + "/" +
+                std::to_string(t["disclosureTaskDocList"].Size()) + "/" +
+                std::to_string(t["disclosureTaskViewportList"].Size() + t["disclosureTaskNodeList"].Size());
+        for (Writer& writer : writers)
+            writer.check(all);
+
+        std::atomic<int> answered{0};
+        std::atomic<int> working{static_cast<int>(writers.size())};
+        std::vector<std::thread> threads;
+        for (Writer& writer : writers)
+            threads.emplace_back([&] {
+                writer.work(served.port(), answered);
+                --working;
+            });
+        const int enough = 1 + static_cast<int>(random() % 16);
+        while (answered < enough && working > 0)
+            std::this_thread::yield();
+        served.end(SIGKILL);
+        for (std::thread& thread : threads)
+            thread.join();
+    }
+    checkFiles();
+    for (const Writer& writer : writers) {
+        EXPECT_FALSE(writer.files().empty());
+        for (const auto& [uuid, file] : writer.files())
+            EXPECT_TRUE(stored.contains(uuid) && stored[uuid] == file) << uuid;
+    }
+    soci::session sql = open();
+    std::string verdict;
+    sql << "PRAGMA integrity_check", soci::into(verdict);
+    EXPECT_EQ(verdict, "ok");
+    int broken = 0;
+    sql << "SELECT COUNT(*) FROM pragma_foreign_key_check", soci::into(broken);
+    EXPECT_EQ(broken, 0);
+    sql << "SELECT COUNT(*) FROM catalog c WHERE c.task_number <> (SELECT COUNT(*) FROM task t WHERE t.dept_id = "
+           "c.dept_id "
+           "AND t.catalog_id = c.catalog_id)",
+        soci::into(broken);
+    EXPECT_EQ(broken, 0) << "the catalogs count what is there";
+    sql << "SELECT (SELECT c.subtree_number FROM catalog c WHERE c.parent_id IS NULL) - (SELECT COUNT(*) FROM task)",
+        soci::into(broken);
+    EXPECT_EQ(broken, 0);
+    EXPECT_NO_THROW(sql << "INSERT INTO task_gram (task_gram) VALUES ('integrity-check')");
+}
+
+TEST_F(Process, KilledWhileMakingUpADepartmentItLeavesNothingOfIt) {
+    ASSERT_TRUE(run("seed --demo"));
+    ASSERT_TRUE(run("seed --tasks 500 --catalogs 20 --department small"));
+    EXPECT_FALSE(run("seed --tasks 500 --catalogs 20 --department small")) << "there already";
+    EXPECT_FALSE(run("seed --tasks 0"));
+    EXPECT_FALSE(run("seed --demo --tasks 5"));
+    const std::string kill =
+        "timeout -s KILL 1 '" + Program + "' --database '" + database + "' seed --tasks 3000000 > /dev/null";
+    EXPECT_NE(std::system(kill.c_str()), 0);
+    Served served(folder, database);
+    Client client(served.port());
+    ASSERT_EQ(client.login("small", "small").status, 200);
+    EXPECT_EQ(client.get(TaskPath + "page_disclosure_task_by_deptid_and_catalogid?deptId=small")
+                  .json()["result"]["totalCount"]
+                  .GetInt(),
+              500);
+    EXPECT_EQ(client.login("load-dept", "load-dept").status, 401);
+}
+
+}  // namespace
+}  // namespace disclosure::testing

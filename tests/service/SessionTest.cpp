@@ -1,0 +1,98 @@
+#include <gtest/gtest.h>
+
+#include "tests/service/TestService.h"
+
+namespace disclosure::testing {
+namespace {
+
+constexpr auto WhoPath = "/rs/platform/current_user";
+constexpr std::int64_t Minute = 60'000;
+
+class Sessions : public ::testing::Test {
+protected:
+    TestService service;
+};
+
+TEST_F(Sessions, LogInTellsThePersonAndLogOutEndsTheSession) {
+    Client client = service.client();
+    const Answer answer = client.login("demo", "demo");
+    ASSERT_EQ(answer.status, 200);
+    const auto person = answer.json();
+    EXPECT_STREQ(person["result"]["username"].GetString(), "demo");
+    EXPECT_STREQ(person["result"]["deptId"].GetString(), FirstDept);
+    EXPECT_EQ(answer.cookie.size(), std::string("JSESSIONID=").size() + 64);
+    EXPECT_EQ(service.number("SELECT COUNT(*) FROM web_session WHERE hash = '" + answer.cookie.substr(11) + "'"), 0)
+        << "the id itself is not stored";
+
+    EXPECT_EQ(client.get(WhoPath).code(), 200);
+    EXPECT_EQ(client.post("/rs/auth/logout", "").code(), 200);
+    EXPECT_EQ(client.get(WhoPath).status, 302);
+}
+
+TEST_F(Sessions, WithoutOneEveryGuardedPathAnswers302AndNothingElse) {
+    for (const char* cookie : {"", "JSESSIONID=", "JSESSIONID=1", "JSESSIONID=x; JSESSIONID=y", "other=1"}) {
+        Client client(service.port(), cookie);
+        for (const char* path : {WhoPath, "/rs/unknown", "/rs/", "/rs/auth/logout", "/rs/disclosure/catalog/save"}) {
+            const Answer answer = client.get(path);
+            EXPECT_EQ(answer.status, 302) << path;
+            EXPECT_FALSE(answer.hasLocation);
+            EXPECT_TRUE(answer.body.empty());
+        }
+        EXPECT_EQ(client.post(SavePath, "{not json").status, 302);
+    }
+}
+
+TEST_F(Sessions, EndWhenIdleAndInAnyCaseAfterHalfADay) {
+    Client idle = service.loggedIn("reader");
+    Client used = service.loggedIn("demo");
+    service.now += 29 * Minute;
+    EXPECT_EQ(used.get(WhoPath).code(), 200);
+    service.now += 29 * Minute;
+    EXPECT_EQ(idle.get(WhoPath).status, 302);
+    for (int i = 0; i < 22; ++i) {
+        EXPECT_EQ(used.get(WhoPath).code(), 200) << i;
+        service.now += 29 * Minute;
+    }
+    EXPECT_EQ(used.get(WhoPath).code(), 200);
+    service.now += 24 * Minute;
+    EXPECT_EQ(used.get(WhoPath).status, 302) << "12 hours are over";
+
+    service.loggedIn("demo");
+    service.now += 40 * Minute;
+    service.loggedIn("demo");
+    EXPECT_EQ(service.number("SELECT COUNT(*) FROM web_session"), 1) << "dead sessions are cleared away";
+}
+
+TEST_F(Sessions, AUseIsWrittenAtMostOnceAMinute) {
+    Client client = service.loggedIn("demo");
+    const auto seen = [&] { return service.number("SELECT seen_at FROM web_session"); };
+    const auto begun = seen();
+    service.now += Minute - 1;
+    client.get(WhoPath);
+    EXPECT_EQ(seen(), begun);
+    service.now += 1;
+    client.get(WhoPath);
+    EXPECT_EQ(seen(), begun + Minute);
+}
+
+TEST_F(Sessions, WrongCredentialsAreRefusedAlikeAndThrottled) {
+    Client client = service.client();
+    const Answer unknown = client.login("nobody", "demo");
+    const Answer wrong = client.login("reader", "demo");
+    EXPECT_EQ(unknown.status, 401);
+    EXPECT_EQ(wrong.status, 401);
+    EXPECT_EQ(unknown.body, wrong.body);
+    EXPECT_EQ(client.login(std::string(65, 'u'), "x").status, 401);
+    EXPECT_EQ(client.login("demo", std::string(2000, 'x')).status, 401);
+
+    for (int i = 1; i < 10; ++i)
+        EXPECT_EQ(client.login("reader", "wrong").status, 401) << i;
+    EXPECT_EQ(client.login("reader", "reader").status, 429) << "even with the right one";
+    EXPECT_EQ(client.login("demo", "demo").status, 200) << "others are not held up";
+    service.now += 5 * Minute + 1;
+    EXPECT_EQ(client.login("reader", "reader").status, 200);
+    EXPECT_EQ(service.number("SELECT COUNT(*) FROM login_attempt"), 0);
+}
+
+}  // namespace
+}  // namespace disclosure::testing

@@ -1,0 +1,322 @@
+#include "tests/service/TaskTest.h"
+
+namespace disclosure::testing {
+namespace {
+
+class TaskRules : public TaskTest {
+protected:
+    std::string docs(int from, int to) const {
+        std::string list;
+        for (int i = from; i < to; ++i)
+            list += (i > from ? "," : "") +
+                    docJson("d" + std::to_string(i), "书" + std::to_string(i) + ".pdf", m_uuid, m_md5, 5);
+        return "[" + list + "]";
+    }
+
+private:
+    const std::string m_uuid = std::string(32, 'a');
+    const std::string m_md5 = service.addFile(FirstDept, m_uuid, "12345");
+};
+
+TEST_F(TaskRules, ATaskComesBackAsItWasSaved) {
+    const std::string body = taskBody(
+        "t1", "　桩基 100%_验收 ",
+        R"(,"disclosureUserName":"chenwei","constructionStartDateMills":1700000000000,"expiryDateMills":1800000000000,)"
+        R"("remark":"第一行\n第二行","disclosureTaskReceiveUserList":[{"id":"b","userName":"sunli"},{"id":"a","userName":)"
+        R"("liuyang"}],"disclosureTaskViewportList":[{"id":"v","ppid":1001,"viewportId":"vp"}],"disclosureTaskNodeList":)"
+        R"([{"id":"n","ppid":1001,"nodeId":"np"}],"disclosureTaskDocList":)" +
+            docs(0, 2));
+    ASSERT_EQ(save(body).code(), 200);
+    const auto json = task("t1");
+    const auto& t = json["result"];
+    EXPECT_STREQ(t["name"].GetString(), "桩基 100%_验收");
+    EXPECT_STREQ(t["deptName"].GetString(), "第一项目部");
+    EXPECT_STREQ(t["disclosureUserRealname"].GetString(), "陈伟");
+    EXPECT_EQ(t["constructionStartDateMills"].GetInt64(), 1'700'000'000'000);
+    EXPECT_EQ(t["planDisclosureDateMills"].GetInt64(), 0);
+    EXPECT_STREQ(t["remark"].GetString(), "第一行\n第二行");
+    EXPECT_STREQ(t["updateBy"].GetString(), "张建国");
+    EXPECT_EQ(t["updateDateMills"].GetInt64(), service.now);
+    EXPECT_STREQ(t["disclosureTaskReceiveUserList"][0]["userRealname"].GetString(), "孙丽") << "in the order given";
+    EXPECT_STREQ(t["disclosureTaskViewportList"][0]["viewportId"].GetString(), "vp");
+    EXPECT_STREQ(t["disclosureTaskNodeList"][0]["nodeId"].GetString(), "np");
+    EXPECT_STREQ(t["disclosureTaskDocList"][1]["name"].GetString(), "书1.pdf");
+
+    service.now += 1000;
+    EXPECT_EQ(save(body).code(), 200) << "a client that saw no answer asks again";
+    EXPECT_EQ(version("t1"), service.now - 1000) << "nothing has changed";
+    const auto byAnother = [&] { return service.loggedIn("editor").post(TaskPath + "save", taskBody("t1", "别的")); };
+    EXPECT_EQ(byAnother().code(), 409);
+    EXPECT_EQ(
+        save(taskBody("t1", "改过", R"(,"disclosureTaskReceiveUserList":[{"id":"a","userName":"liuyang"}])")).code(),
+        200)
+        << "and its user may have gone on typing";
+    const auto again = task("t1");
+    EXPECT_STREQ(again["result"]["name"].GetString(), "改过");
+    EXPECT_EQ(again["result"]["disclosureTaskReceiveUserList"].Size(), 1U);
+    EXPECT_EQ(again["result"]["disclosureTaskDocList"].Size(), 0U);
+    ASSERT_EQ(save(publishedBody("t2")).code(), 200);
+    EXPECT_EQ(save(taskBody("t2", "别的")).code(), 409) << "published";
+    EXPECT_EQ(taskNumber("demo-catalog-4"), 2);
+    EXPECT_EQ(save(taskBody("", "没有编号")).code(), 200);
+    EXPECT_EQ(taskNumber("demo-catalog-4"), 3);
+}
+
+TEST_F(TaskRules, WhatMayNotBeIsRefusedAndNothingIsStored) {
+    const std::pair<std::string, std::string> refused[] = {
+        {taskBody("x", "　 "), "任务名称不能为空"},
+        {taskBody("x", "\\u2028\\u200b\\u3164\\ufeff\\u202f"), "任务名称不能为空"},
+        {taskBody("x", std::string(127, 'a') + "🏗"), "任务名称不能超过128个字符"},
+        {taskBody("x", std::string(129, 'a')), "任务名称不能超过128个字符"},
+        {taskBody("x", std::string(10'000, 'a')), "任务名称不能超过128个字符"},
+        {taskBody("x", "a\\u0007b"), "任务名称不能包含控制字符"},
+        {taskBody("x y", "a"), "任务编号只能由字母、数字、下划线和连字符组成，且不超过64个字符"},
+        {taskBody("x", "a", "", "none"), "目录不存在或已被删除"},
+        {taskBody("x", "a", R"(,"constructionStartDateMills":2,"constructionEndDateMills":1)"),
+         "施工开始日期不得大于施工结束日期"},
+        {taskBody("x", "a", R"(,"expiryDateMills":9223372036854775807)"), "日期超出允许的范围"},
+        {taskBody("x", "a", R"(,"disclosureUserName":"nobody")"), "交底人不是本组织的人员"},
+        {taskBody("x", "a", R"(,"disclosureTaskReceiveUserList":[{"userName":"nobody"}])"),
+         "接受交底人不是本组织的人员：nobody"},
+        {taskBody("x", "a", R"(,"disclosureTaskReceiveUserList":[{"userName":")" + std::string(129, 'a') + R"("}])"),
+         "关联项的内容过长或包含控制字符"},
+        {taskBody("x", "a", R"(,"disclosureTaskReceiveUserList":[{"userName":"sunli"},{"userName":"sunli"}])"),
+         "接受交底人重复"},
+        {taskBody("x", "a", R"(,"isPublish":1)"), "请选择交底人"},
+        {taskBody("x", "a", R"(,"isPublish":1,"disclosureUserName":"chenwei")"), "请选择接受交底人"},
+        {taskBody("x", "a", R"(,"disclosureTaskDocList":)" + docs(0, 11)), "最多可关联10份资料"},
+        {taskBody("x", "a", R"(,"disclosureTaskNodeList":[{"ppid":1,"nodeId":"n"},{"ppid":1,"nodeId":"n"}])"),
+         "关联的模型重复"},
+    };
+    for (const auto& [body, msg] : refused) {
+        const Answer answer = save(body);
+        EXPECT_EQ(answer.status, 200) << body.substr(0, 200);
+        EXPECT_EQ(answer.msg(), msg) << body.substr(0, 200);
+    }
+    EXPECT_EQ(save(R"({"deptId":"demo-dept-1","disclosureCatalogId":"demo-catalog-4","name":7})").status, 400);
+    EXPECT_EQ(save(taskBody("x", "a", R"(,"isPublish":2)")).status, 400);
+    EXPECT_EQ(service.number("SELECT (SELECT COUNT(*) FROM task) + (SELECT COUNT(*) FROM task_log)"), 0);
+
+    const auto links = [](const std::string& key, int count) {
+        std::string list;
+        for (int i = 0; i < count; ++i)
+            list += (i ? "," : "") + (R"({"ppid":1,")" + key + R"(":")" + std::to_string(i) + "\"}");
+        return list;
+    };
+    EXPECT_EQ(save(taskBody("y", "a",
+                            R"(,"disclosureTaskViewportList":[)" + links("viewportId", 6) +
+                                R"(],"disclosureTaskNodeList":[)" + links("nodeId", 4) +
+                                R"(],"disclosureTaskDocList":)" + docs(0, 10)))
+                  .code(),
+              200)
+        << "ten of each are accepted";
+    EXPECT_EQ(update("y", R"(,"saveDisclosureTaskNodeList":[{"ppid":1,"nodeId":"more"}])").msg(),
+              "最多可关联10个视口或构件");
+    EXPECT_EQ(update("y", R"(,"saveDisclosureTaskDocList":)" + docs(9, 11)).msg(), "最多可关联10份资料");
+    EXPECT_EQ(update("y", R"(,"delDisclosureTaskDocIds":["d0"],"saveDisclosureTaskDocList":)" + docs(10, 11)).code(),
+              200);
+}
+
+TEST_F(TaskRules, NamesOfAnyScriptStayAsTheyAre) {
+    int number = 0;
+    for (const std::string& name : {std::string(126, 'a') + "🏗", std::string("👷\u200d♂\ufe0f 交底"),
+                                    std::string("\u202eأساس\u202c"), std::string("<b>粗</b>&lt;'")}) {
+        const std::string id = "t" + std::to_string(++number);
+        ASSERT_EQ(save(taskBody(id, name)).code(), 200) << name;
+        EXPECT_EQ(task(id)["result"]["name"].GetString(), name);
+    }
+}
+
+TEST_F(TaskRules, WhoHasLeftStaysInATaskButIsNotChosenAgain) {
+    const std::string receivers = R"(,"saveDisclosureTaskReceiveUserList":[{"id":"c","userName":"chenwei"}])";
+    ASSERT_EQ(save(publishedBody("p")).code(), 200);
+    ASSERT_EQ(save(taskBody("t", "计划",
+                            R"(,"disclosureUserName":"sunli","disclosureTaskReceiveUserList":)"
+                            R"([{"id":"a","userName":"liuyang"}])"))
+                  .code(),
+              200);
+    service.run("DELETE FROM member WHERE username IN ('sunli', 'liuyang', 'chenwei')");
+    EXPECT_EQ(update("t", R"(,"name":"改名")").code(), 200);
+    EXPECT_EQ(update("t", receivers).msg(), "接受交底人不是本组织的人员：chenwei");
+    EXPECT_EQ(update("t", R"(,"disclosureUserName":"chenwei")").msg(), "交底人不是本组织的人员");
+    EXPECT_EQ(update("t", R"(,"isPublish":1)").code(), 200);
+    const auto json = task("t");
+    EXPECT_STREQ(json["result"]["disclosureUserRealname"].GetString(), "孙丽");
+    EXPECT_STREQ(json["result"]["disclosureTaskReceiveUserList"][0]["userRealname"].GetString(), "刘洋");
+}
+
+TEST_F(TaskRules, AnUpdateChangesWhatItNamesAndKeepsTheRest) {
+    ASSERT_EQ(
+        save(taskBody(
+                 "t", "旧名",
+                 R"(,"remark":"备注","planDisclosureDateMills":5,"expiryDateMills":6,)"
+                 R"("disclosureTaskReceiveUserList":[{"id":"a","userName":"liuyang"},{"id":"b","userName":"sunli"}])"))
+            .code(),
+        200);
+    const std::string change = R"(,"name":"新名","planDisclosureDateMills":0,"delDisclosureTaskReceiveUserIds":["a"],)"
+                               R"("saveDisclosureTaskReceiveUserList":[{"id":"c","userName":"chenwei"}])";
+    EXPECT_EQ(update("t", change).code(), 200);
+    {
+        const auto json = task("t");
+        const auto& t = json["result"];
+        EXPECT_STREQ(t["name"].GetString(), "新名");
+        EXPECT_EQ(t["planDisclosureDateMills"].GetInt64(), 0);
+        EXPECT_EQ(t["expiryDateMills"].GetInt64(), 6);
+        EXPECT_STREQ(t["remark"].GetString(), "备注");
+        ASSERT_EQ(t["disclosureTaskReceiveUserList"].Size(), 2U);
+        EXPECT_STREQ(t["disclosureTaskReceiveUserList"][0]["userName"].GetString(), "sunli");
+        EXPECT_STREQ(t["disclosureTaskReceiveUserList"][1]["userName"].GetString(), "chenwei");
+        EXPECT_EQ(t["updateDateMills"].GetInt64(), service.now + 1) << "grows even while the clock stands still";
+    }
+    EXPECT_EQ(update("t", change).code(), 200);
+    EXPECT_EQ(version("t"), service.now + 1) << "asked again, it changes nothing";
+    EXPECT_EQ(update("t", R"(,"name":"  ")").code(), 422);
+    EXPECT_EQ(update("none", R"(,"name":"a")").code(), 404);
+}
+
+TEST_F(TaskRules, ANewerVersionIsNotOverwritten) {
+    ASSERT_EQ(save(taskBody("t", "一")).code(), 200);
+    const std::int64_t seen = version("t");
+    const auto updateSeen = [&](const std::string& name, const std::string& header) {
+        return demo.raw("POST " + TaskPath + "update HTTP/1.1\r\nHost: localhost\r\nCookie: " + demo.cookie() +
+                        "\r\nContent-Type: application/json\r\nX-Task-Version: " + header + "\r\nContent-Length: " +
+                        std::to_string(name.size() + 20) + "\r\n\r\n{\"id\":\"t\",\"name\":\"" + name + "\"}");
+    };
+    EXPECT_EQ(updateSeen("二", std::to_string(seen)).code(), 200);
+    const Answer late = updateSeen("三", std::to_string(seen));
+    EXPECT_EQ(late.status, 200);
+    EXPECT_EQ(late.code(), 409);
+    EXPECT_EQ(late.msg(), "任务已被他人修改，请刷新后重试");
+    EXPECT_EQ(updateSeen("二", std::to_string(seen)).code(), 200) << "the first one again";
+    EXPECT_EQ(updateSeen("四", "7x").status, 400);
+    EXPECT_STREQ(task("t")["result"]["name"].GetString(), "二");
+    EXPECT_EQ(update("t", R"(,"name":"五")").code(), 200) << "a client that names none";
+}
+
+TEST_F(TaskRules, CountsFollowMovesAndDeletions) {
+    for (const char* id : {"a", "b", "c"})
+        ASSERT_EQ(save(taskBody(id, id)).code(), 200);
+    ASSERT_EQ(save(publishedBody("p")).code(), 200);
+    EXPECT_EQ(update("a", R"(,"disclosureCatalogId":"demo-catalog-17")").code(), 200);
+    EXPECT_EQ(update("p", R"(,"disclosureCatalogId":"demo-catalog-17")").code(), 200) << "a published one may move";
+    EXPECT_EQ(update("b", R"(,"disclosureCatalogId":"none")").code(), 404);
+    EXPECT_EQ(taskNumber("demo-catalog-4"), 2);
+    EXPECT_EQ(taskNumber("demo-catalog-17"), 2);
+    page("disclosureCatalogId=demo-catalog-2");
+    EXPECT_EQ(total, 2) << "the subtree of what is above demo-catalog-4";
+
+    const auto remove = [&](const std::string& ids) {
+        return demo.del(TaskPath + "batchdelete", R"({"ids":[)" + ids + "]}");
+    };
+    EXPECT_EQ(remove(R"("a","none")").code(), 404);
+    EXPECT_EQ(taskNumber("demo-catalog-17"), 2) << "all or none";
+    EXPECT_EQ(remove(R"("a","b","a")").code(), 200);
+    EXPECT_EQ(remove("").status, 400);
+    EXPECT_EQ(taskNumber("demo-catalog-4"), 1);
+    EXPECT_EQ(demo.del(DeletePath, R"({"id":"demo-catalog-2","isContainsTask":1})").code(), 200);
+    EXPECT_EQ(page("disclosureCatalogId="), Ids{"p"});
+    EXPECT_EQ(total, 1);
+    EXPECT_EQ(page("keyword=c"), Ids{}) << "the index of names has forgotten it";
+    EXPECT_EQ(service.number("SELECT COUNT(*) FROM task_log WHERE kind = 5"), 3);
+    EXPECT_EQ(service.number("SELECT COUNT(*) FROM task_receiver"), 2);
+}
+
+TEST_F(TaskRules, StatusFollowsFromPublishingConfirmationsAndTheDay) {
+    ASSERT_EQ(save(taskBody("plan", "计划")).code(), 200);
+    ASSERT_EQ(save(publishedBody("t", R"(,"expiryDateMills":)" + std::to_string(service.now + ADay))).code(), 200);
+    EXPECT_EQ(status("plan"), 1);
+    EXPECT_EQ(status("t"), 1);
+    EXPECT_EQ(by("liuyang", "confirm_by_receive_user", "plan").code(), 403);
+    EXPECT_EQ(by("liuyang", "confirm_by_receive_user", "t").code(), 200);
+    EXPECT_EQ(status("t"), 3);
+    const std::int64_t confirmed = version("t");
+    service.now += 5000;
+    EXPECT_EQ(by("liuyang", "confirm_by_receive_user", "t").code(), 200) << "again";
+    EXPECT_EQ(version("t"), confirmed);
+    EXPECT_EQ(by("chenwei", "confirm_by_receive_user", "t").code(), 403);
+    EXPECT_EQ(by("liuyang", "confirm_by_disclosure_user", "t").code(), 403);
+
+    service.now += 2 * ADay - 6000;
+    demo.login("demo", "demo");
+    EXPECT_EQ(status("t"), 3) << "the last day is in time";
+    EXPECT_EQ(page("status=3"), Ids{"t"});
+    service.now += 1000;
+    EXPECT_EQ(status("t"), 4);
+    EXPECT_EQ(page("status=4"), Ids{"t"});
+    EXPECT_EQ(page("status=3"), Ids{});
+    EXPECT_EQ(page("status=1"), Ids{"plan"});
+
+    EXPECT_EQ(
+        by("chenwei", "confirm_by_disclosure_user", "t",
+           R"(,"confirmRemark":"已讲清","attachementList":[{"id":"f","name":"签到.jpg","uuid":"","md5":"m","size":3}])")
+            .code(),
+        200);
+    EXPECT_EQ(status("t"), 4) << "one has not confirmed yet";
+    EXPECT_EQ(by("sunli", "confirm_by_receive_user", "t").code(), 200);
+    EXPECT_EQ(status("t"), 2);
+    EXPECT_EQ(page("status=2"), Ids{"t"});
+    EXPECT_EQ(page("status=4"), Ids{});
+    const auto json = task("t");
+    EXPECT_EQ(json["result"]["actualDisclosureDateMills"].GetInt64(), json["result"]["confirmDateMills"].GetInt64());
+    EXPECT_STREQ(json["result"]["attachementList"][0]["name"].GetString(), "签到.jpg");
+    EXPECT_EQ(by("chenwei", "urge_by_disclosure_user", "t").code(), 409) << "nobody is left to urge";
+}
+
+TEST_F(TaskRules, APublishedTaskIsNotEditedAndUrgedNotTooOften) {
+    ASSERT_EQ(save(publishedBody("t")).code(), 200);
+    EXPECT_EQ(update("t", R"(,"name":"改")").msg(), "已发布的任务暂不支持编辑");
+    EXPECT_EQ(update("t", R"(,"isPublish":0)").code(), 409);
+    EXPECT_EQ(by("demo", "urge_by_disclosure_user", "t").code(), 403);
+    EXPECT_EQ(by("chenwei", "urge_by_disclosure_user", "t").code(), 200);
+    EXPECT_EQ(by("chenwei", "urge_by_disclosure_user", "t").code(), 409);
+    service.now += 10 * 60 * 1000;
+    EXPECT_EQ(by("chenwei", "urge_by_disclosure_user", "t").code(), 200);
+    EXPECT_EQ(save(taskBody("plan", "计划", R"(,"disclosureUserName":"chenwei")")).code(), 200);
+    EXPECT_EQ(by("chenwei", "urge_by_disclosure_user", "plan").msg(), "任务尚未发布");
+    EXPECT_EQ(by("chenwei", "confirm_by_disclosure_user", "plan").msg(), "任务尚未发布");
+}
+
+TEST_F(TaskRules, EveryChangeIsInTheLog) {
+    ASSERT_EQ(save(taskBody("t", "一")).code(), 200);
+    update("t", R"(,"name":"二")");
+    update("t", R"(,"disclosureCatalogId":"demo-catalog-17")");
+    update(
+        "t",
+        R"(,"isPublish":1,"disclosureUserName":"chenwei","saveDisclosureTaskReceiveUserList":[{"userName":"sunli"}])");
+    by("chenwei", "urge_by_disclosure_user", "t");
+    by("sunli", "confirm_by_receive_user", "t");
+    by("chenwei", "confirm_by_disclosure_user", "t");
+    const std::string seen =
+        R"({"id":"l1","deptId":"demo-dept-1","disclosureTaskId":"t","opType":101,"refSourceId":"d"})";
+    EXPECT_EQ(demo.post(TaskPath + "save_operation_log", seen).code(), 200);
+    EXPECT_EQ(demo.post(TaskPath + "save_operation_log", seen).code(), 200) << "again";
+    EXPECT_EQ(demo.post(TaskPath + "save_operation_log", R"({"disclosureTaskId":"t","opType":6})").code(), 422)
+        << "a client may not claim a confirmation";
+    const auto json = demo.get(TaskPath + "list_operation_log_by_taskid/t").json();
+    std::vector<int> kinds;
+    for (const auto& entry : json["result"].GetArray())
+        kinds.push_back(entry["opType"].GetInt());
+    EXPECT_EQ(kinds, (std::vector<int>{1, 2, 4, 3, 8, 6, 7, 101}));
+    EXPECT_STREQ(json["result"][5]["userRealname"].GetString(), "孙丽");
+}
+
+TEST_F(TaskRules, RemindersAreSetOnceAndThenChanged) {
+    const std::string query = TaskPath + "query_push_config?deptId=demo-dept-1";
+    EXPECT_STREQ(demo.get(query).json()["result"]["id"].GetString(), "");
+    EXPECT_EQ(demo.post(TaskPath + "update_push_config", R"({"id":"c"})").code(), 404);
+    const std::string first =
+        R"({"id":"c","deptId":"demo-dept-1","isNotifyAdvance":1,"daysNotifyAdvance":3,"advanceNotifyFrequency":2})";
+    EXPECT_EQ(demo.post(TaskPath + "save_push_config", first).code(), 200);
+    EXPECT_EQ(demo.post(TaskPath + "save_push_config", first).code(), 200) << "again";
+    EXPECT_EQ(demo.post(TaskPath + "save_push_config", R"({"id":"other","deptId":"demo-dept-1"})").code(), 409);
+    EXPECT_EQ(demo.post(TaskPath + "update_push_config", R"({"id":"c","daysNotifyAdvance":31})").status, 400);
+    EXPECT_EQ(
+        demo.post(TaskPath + "update_push_config", R"({"id":"c","daysNotifyAdvance":30,"isNotifyOverdue":1})").code(),
+        200);
+    const auto json = demo.get(query).json();
+    EXPECT_EQ(json["result"]["daysNotifyAdvance"].GetInt(), 30);
+    EXPECT_EQ(json["result"]["isNotifyOverdue"].GetInt(), 1);
+}
+
+}  // namespace
+}  // namespace disclosure::testing

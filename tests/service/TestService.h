@@ -1,0 +1,145 @@
+#pragma once
+
+#include <atomic>
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/ip/tcp.hpp>
+#include <boost/beast/core/flat_buffer.hpp>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <rapidjson/document.h>
+#include <string>
+#include <thread>
+
+#include "service/http/Dispatcher.h"
+#include "service/http/Server.h"
+#include "service/http/Service.h"
+#include "service/store/SqliteDatabase.h"
+
+namespace disclosure::testing {
+
+/// A folder of its own for one test, removed with it.
+class TempFolder {
+public:
+    TempFolder();
+    ~TempFolder();
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+    std::string file(const std::string& name) const { return (m_path / name).string(); }
+
+private:
+    std::filesystem::path m_path;
+};
+
+/// What the service answered.
+struct Answer {
+    int status = 0;  // 0: the connection ended without an answer
+    std::string body;
+    std::string cookie;  // "JSESSIONID=..." when one was set
+    bool hasLocation = false;
+    bool keepsOpen = false;  // the connection
+    std::string etag;
+    std::string retryAfter;
+    rapidjson::Document json() const;
+    /// The wrapper's code; -1 when the body is no wrapper.
+    int code() const;
+    std::string msg() const;
+};
+
+/// A connection on which any bytes are sent.
+class Wire {
+public:
+    explicit Wire(std::uint16_t port);
+    /// False once the service does not listen any more.
+    bool send(const std::string& bytes);
+    /// Says that no more will come.
+    void end();
+    Answer answer();
+
+private:
+    boost::asio::io_context m_io;
+    boost::asio::ip::tcp::socket m_socket{m_io};
+    boost::beast::flat_buffer m_buffer;
+};
+
+/// A client of one connection, made anew when the service has closed it.
+class Client {
+public:
+    explicit Client(std::uint16_t port, std::string cookie = {}) : m_port(port), m_cookie(std::move(cookie)) {}
+
+    Answer get(const std::string& target) { return send("GET", target, {}); }
+    Answer post(const std::string& target, const std::string& body) { return send("POST", target, body); }
+    Answer del(const std::string& target, const std::string& body) { return send("DELETE", target, body); }
+    Answer send(const std::string& method, const std::string& target, const std::string& body,
+                const std::string& type = "application/json");
+    /// Uploads a file; the name goes into the query as it is.
+    Answer upload(const std::string& deptId, const std::string& name, const std::string& content) {
+        return send("POST", std::string("/rs/platform/files?deptId=") + deptId + "&name=" + name, content, OctetStream);
+    }
+    /// Sends these bytes on a connection of their own and reads the answer; `end` says that no more will come.
+    Answer raw(const std::string& bytes, bool end = false);
+    /// Keeps the session for what follows.
+    Answer login(const std::string& username, const std::string& password);
+    const std::string& cookie() const { return m_cookie; }
+
+private:
+    std::uint16_t m_port;
+    std::string m_cookie;
+    boost::asio::io_context m_io;
+    std::optional<boost::asio::ip::tcp::socket> m_socket;
+    boost::beast::flat_buffer m_buffer;
+};
+
+/// The service on a free loopback port with the demonstration's people, a clock of the test's, and cheap passwords.
+class TestService {
+public:
+    static Server::Settings quick();
+    explicit TestService(const Server::Settings& settings = quick(), const Dispatcher::Settings& dispatcher = {},
+                         std::int64_t quota = 1'000'000'000);
+    ~TestService();
+
+    std::uint16_t port() const { return m_server->port(); }
+    Client client() const { return Client(port()); }
+    Client loggedIn(const std::string& username) const;
+    SqliteDatabase& database() { return *m_database; }
+    const std::string& file() const { return m_file; }
+    /// A task straight into the table.
+    void addTask(const std::string& deptId, const std::string& catalogId, const std::string& taskId);
+    /// A file of the department, stored as if somebody had uploaded it; returns its MD5.
+    std::string addFile(const std::string& deptId, const std::string& uuid, const std::string& content);
+    const FileFolder& files() const { return m_files; }
+    /// How many files lie in the folder, the incoming ones included.
+    long long filesOnDisk() const;
+    long long number(const std::string& sql) const;
+    void run(const std::string& sql) const;
+
+    std::atomic<std::int64_t> now{1'700'000'000'000};
+
+private:
+    TempFolder m_folder;
+    std::string m_file = m_folder.file("disclosure.db");
+    std::unique_ptr<SqliteDatabase> m_database;
+    FileFolder m_files{m_folder.file("files")};
+    std::unique_ptr<Service> m_service;
+    std::unique_ptr<Dispatcher> m_dispatcher;
+    std::unique_ptr<Server> m_server;
+    std::thread m_thread;
+};
+
+inline constexpr auto ListPath = "/rs/disclosure/catalog/list_disclosure_catalog_by_deptid?deptId=";
+inline constexpr auto SavePath = "/rs/disclosure/catalog/save";
+inline constexpr auto UpdatePath = "/rs/disclosure/catalog/update";
+inline constexpr auto MovePath = "/rs/disclosure/catalog/move";
+inline constexpr auto DeletePath = "/rs/disclosure/catalog/delete";
+inline constexpr auto FirstDept = "demo-dept-1";
+inline constexpr auto SecondDept = "demo-dept-2";
+inline constexpr auto Top = "demo-catalog-1";
+
+/// In hexadecimal.
+std::string md5Of(const std::string& content);
+
+/// The body of a save; the texts go in as they are.
+std::string saveBody(const std::string& deptId, const std::string& id, const std::string& name,
+                     const std::string& parentId);
+
+}  // namespace disclosure::testing

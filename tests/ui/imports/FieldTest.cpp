@@ -1,0 +1,155 @@
+#include <gtest/gtest.h>
+
+#include <QInputMethodEvent>
+#include <QTest>
+
+#include "tests/ui/imports/Scene.h"
+
+using support::Scene;
+
+namespace {
+
+TEST(TextArea, NeverHoldsMoreThanItsMaximum) {
+    Scene scene(
+        "UxTextArea { maxlength: 5; maxlengthEnable: true; property int longest: 0\n"
+        "onTextChanged: longest = Math.max(longest, length) }");
+    scene.evaluate("forceActiveFocus()");
+    scene.type("abcdefgh");
+    EXPECT_EQ(scene.evaluate("text"), "abcde");
+    scene.evaluate("cursorPosition = 2");
+    scene.type("X");
+    EXPECT_EQ(scene.evaluate("text"), "abcde") << "typing in the middle must not eat the end";
+    scene.evaluate("text = 'a long text from outside'");
+    EXPECT_EQ(scene.evaluate("text"), "a lon");
+    scene.evaluate("text = 'abcd\\ud83d\\ude00'");
+    EXPECT_EQ(scene.evaluate("text"), "abcd") << "no half of a character";
+    EXPECT_LE(scene.evaluate("longest").toInt(), 5);
+    scene.evaluate("maxlengthEnable = false, text = 'as long as you like'");
+    EXPECT_EQ(scene.evaluate("length"), 19);
+    scene.evaluate("maxlengthEnable = true");
+    EXPECT_EQ(scene.evaluate("text"), "as lo");
+
+    scene.evaluate("text = ''");
+    QInputMethodEvent event;
+    event.setCommitString("六个字的交底");
+    QCoreApplication::sendEvent(scene.window().focusObject(), &event);
+    EXPECT_EQ(scene.evaluate("text"), "六个字的交");
+}
+
+TEST(PagingBar, ShowsItsNumbersTakesATypedPageAndFollowsAgain) {
+    Scene scene("UxPagingBar { totalCount: 93; currentPage: 2; totalPage: 5; itemsPerPage: 20 }");
+    EXPECT_TRUE(scene.texts().contains("共计93条数据"));
+    EXPECT_TRUE(scene.texts().contains("/ 5"));
+    QQuickItem* sizes = scene.item("pageSizes");
+    EXPECT_EQ(sizes->property("currentText"), "20");
+    QMetaObject::invokeMethod(sizes, "activated", Q_ARG(int, 2));
+    EXPECT_EQ(scene.evaluate("itemsPerPage"), 30);
+    scene.evaluate("itemsPerPage = 10");
+    EXPECT_EQ(sizes->property("currentText"), "10");
+
+    QQuickItem* page = scene.item("page");
+    EXPECT_EQ(page->property("text"), "2");
+    page->forceActiveFocus();
+    QMetaObject::invokeMethod(page, "selectAll");
+    scene.type("099");
+    scene.press(Qt::Key_Return);
+    EXPECT_EQ(scene.evaluate("currentPage"), 99);
+    EXPECT_EQ(page->property("text"), "99");
+    scene.evaluate("currentPage = 3");
+    EXPECT_EQ(page->property("text"), "3");
+    QMetaObject::invokeMethod(page, "clear");
+    scene.press(Qt::Key_Return);
+    EXPECT_EQ(scene.evaluate("currentPage"), 3);
+    EXPECT_EQ(page->property("text"), "3");
+}
+
+TEST(PagingBar, OffersOnlyThePagesThatThereAre) {
+    Scene scene(
+        "UxPagingBar { totalPage: 3; property var seen: []; onFirstPage: seen.push('first')\n"
+        "onPrevPage: seen.push('previous'); onNextPage: seen.push('next'); onLastPage: seen.push('last') }");
+    const auto clickAll = [&](int page) {
+        scene.evaluate(QString("currentPage = %1, seen = []").arg(page));
+        for (const char* name : {"first", "previous", "next", "last"})
+            scene.click(scene.item(name));
+        return scene.evaluate("seen.join()").toString();
+    };
+    EXPECT_EQ(clickAll(2), "first,previous,next,last");
+    EXPECT_EQ(clickAll(1), "next,last");
+    EXPECT_EQ(clickAll(3), "first,previous");
+}
+
+constexpr auto dateField =
+    "UxCalendar { property string outside: '2026-11-21'; property var seen: []; text: outside\n"
+    "minimumDate: '2026-11-10'; maximumDate: new Date(2026, 11, 5); onPicked: seen.push(text) }";
+
+bool shows(const Scene& scene, const QString& name) {
+    return QTest::qWaitFor([&] { return scene.item(name) && scene.item(name)->isVisible(); });
+}
+
+TEST(Calendar, TakesTypedDatesInsideItsLimitsOnly) {
+    Scene scene(dateField);
+    for (const char* text : {"2026-12-05", "2026-12-06", "2026-11-09", "2026-11-31", "2026"}) {
+        scene.evaluate("forceActiveFocus(), selectAll()");
+        scene.type(text);
+        scene.press(Qt::Key_Return);
+    }
+    EXPECT_EQ(scene.evaluate("text"), "2026-12-05");
+    scene.evaluate("selectAll()");
+    scene.press(Qt::Key_Delete);
+    scene.press(Qt::Key_Return);
+    EXPECT_EQ(scene.evaluate("JSON.stringify(seen)"), R"(["2026-12-05",""])");
+    scene.evaluate("outside = '2026-11-15'");
+    EXPECT_EQ(scene.evaluate("text"), "2026-11-15") << "the screen's binding has to survive";
+}
+
+TEST(Calendar, IsPickedWithTheMouse) {
+    Scene scene(dateField);
+    scene.click(scene.item("openCalendar"));
+    ASSERT_TRUE(shows(scene, "day2026-11-21"));
+    scene.click(scene.item("day2026-11-09"));
+    EXPECT_EQ(scene.evaluate("seen.length"), 0);
+    scene.click(scene.item("nextMonth"));
+    ASSERT_TRUE(shows(scene, "day2026-12-31"));
+    scene.click(scene.item("day2026-12-04"));
+    EXPECT_EQ(scene.evaluate("seen.join()"), "2026-12-04");
+    EXPECT_EQ(scene.evaluate("text"), "2026-12-04");
+
+    scene.evaluate("openCalendar()");
+    ASSERT_TRUE(shows(scene, "clear"));
+    scene.click(scene.item("clear"));
+    EXPECT_EQ(scene.evaluate("text"), "");
+}
+
+TEST(Calendar, IsPickedWithTheKeyboard) {
+    Scene scene(dateField);
+    scene.evaluate("forceActiveFocus()");
+    scene.press(Qt::Key_Down);
+    ASSERT_TRUE(shows(scene, "day2026-11-21"));
+    QTest::qWait(0);
+    scene.press(Qt::Key_PageUp);
+    scene.press(Qt::Key_Down);
+    scene.press(Qt::Key_Right);
+    scene.press(Qt::Key_Return);
+    EXPECT_EQ(scene.evaluate("seen.join()"), "2026-11-18") << "October lies before the minimum, so the step ends there";
+}
+
+TEST(Calendar, ACellAsksAndShowsWhatItsOwnerKeeps) {
+    Scene scene("UxCellCalendar { value: '2026-02-10'; property string asked; onPicked: asked = text }");
+    scene.click(scene.root());
+    ASSERT_TRUE(shows(scene, "day2026-02-28"));
+    scene.click(scene.item("day2026-02-28"));
+    EXPECT_EQ(scene.evaluate("asked"), "2026-02-28");
+    EXPECT_TRUE(scene.texts().contains("2026-02-10"));
+}
+
+TEST(NamedField, MarksWhatHasToBeFilledAndLeavesTheCaptionItsSpace) {
+    const Scene scene("UxNameTextField { width: 300; name: '任务名称：'; value: '基坑'; rightSpace: 10 }");
+    EXPECT_FALSE(scene.texts().contains("✱"));
+    EXPECT_TRUE(scene.evaluate("field.x === editSpace && field.x + field.width === 290").toBool());
+    const double before = scene.evaluate("editSpace").toDouble();
+    scene.evaluate("mustfill = true");
+    EXPECT_TRUE(scene.texts().contains("✱"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scene.evaluate("editSpace").toDouble() > before; }));
+}
+
+}  // namespace

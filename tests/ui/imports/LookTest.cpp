@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTest>
+
+#include "tests/ui/imports/Scene.h"
+
+using support::Scene;
+
+namespace {
+
+TEST(ControlModule, EveryComponentLoadsWithoutAWarning) {
+    QFile list(":/ui/imports/UI/qmldir");
+    ASSERT_TRUE(list.open(QIODevice::ReadOnly));
+    int components = 0;
+    while (!list.atEnd()) {
+        const QByteArray line = list.readLine().simplified();
+        const QByteArray name = line.left(line.indexOf(' '));
+        if (!line.contains(" 1.0 ") || name == "singleton")
+            continue;
+        SCOPED_TRACE(name.toStdString());
+        ++components;
+        if (name.endsWith("Style"))
+            continue;  // needs the view it belongs to
+        Scene scene("Item { width: 400; height: 300; property QtObject made: " + name + " {} }");
+    }
+    EXPECT_GT(components, 10);
+}
+
+TEST(ControlModule, EveryPictureNamedInTheTreeIsCompiledIn) {
+    const QRegularExpression picture(R"re(qrc:(/ui/Images/[^"+ ]+\.png))re");
+    QStringList missing;
+    int named = 0;
+    for (const char* folder : {"/ui", "/commands"}) {
+        QDirIterator files(QString(SOURCE_ROOT) + folder, {"*.qml", "*.cpp", "*.h"}, QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+            auto matches = picture.globalMatch(QString::fromUtf8(file.readAll()));
+            while (matches.hasNext()) {
+                const QString path = ":" + matches.next().captured(1);
+                ++named;
+                if (!QFile::exists(path) || !QFile::exists(QString(path).replace(".png", "@2x.png")))
+                    missing += path + " of " + file.fileName();
+            }
+        }
+    }
+    EXPECT_TRUE(missing.isEmpty()) << missing.join('\n').toStdString();
+    EXPECT_GT(named, 0);
+}
+
+TEST(Button, IsPressedByEnterToo) {
+    Scene scene("UxButton { property int count: 0; onClicked: ++count }");
+    scene.evaluate("forceActiveFocus()");
+    scene.press(Qt::Key_Return);
+    scene.press(Qt::Key_Space);
+    EXPECT_EQ(scene.evaluate("count"), 2);
+}
+
+TEST(ToolTip, ShowsTheWholeTextOnlyWhereItIsCut) {
+    const QByteArray longText = "一个放不进这一列里的很长的名字";
+    Scene scene("Column { UxToolTipText { objectName: 'cut'; width: 60; text: '" + longText +
+                "' } UxToolTipText { objectName: 'whole'; width: 300; text: '" + longText + "' } }");
+    const auto shown = [&] { return scene.texts().count(QString::fromUtf8(longText)); };
+    ASSERT_EQ(shown(), 2);
+    scene.hover(scene.item("whole"));
+    EXPECT_TRUE(scene.item("whole")->property("hovered").toBool());
+    EXPECT_FALSE(scene.item("whole")->property("tooltipVisible").toBool());
+    scene.hover(scene.item("cut"));
+    EXPECT_TRUE(scene.item("cut")->property("tooltipVisible").toBool());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown() == 3; }));
+}
+
+TEST(ToolTip, StaysInsideANarrowWindow) {
+    Scene scene("Item { width: 10; height: 10; property QtObject tip: UxToolTip { text: '名'.repeat(128) } }");
+    scene.window().setWidth(250);
+    for (const bool wraps : {false, true}) {
+        scene.evaluate(
+            QString("tip.parent = this, tip.wrapText = %1, tip.visible = true").arg(wraps ? "true" : "false"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return scene.evaluate("tip.width").toReal() <= 250; }));
+        EXPECT_GT(scene.evaluate("tip.contentItem.lineCount").toInt(), 1);
+        EXPECT_FALSE(scene.evaluate("tip.contentItem.truncated").toBool());
+        EXPECT_TRUE(scene.evaluate("tip.height === tip.contentItem.lineCount * 22").toBool());
+        EXPECT_GE(scene.evaluate("tip.contentItem.height").toReal(),
+                  scene.evaluate("tip.contentItem.paintedHeight").toReal());
+    }
+}
+
+TEST(TitleBar, TellsWhatTheMouseDoes) {
+    Scene scene(
+        "WindowTitleBar { width: 400; title: '交底管理'; property var seen: []; onTitlebarPressed: seen.push('press ' "
+        "+ mouseX)\n"
+        "onTitlebarPositionChanged: seen.push('move ' + mouseX); onTitlebarDbClick: seen.push('double')\n"
+        "onClosing: seen.push('closing'); onClose: seen.push('close'); onToggleMaximized: seen.push('maximize') }");
+    QTest::mousePress(&scene.window(), Qt::LeftButton, {}, {30, 15});
+    QTest::mouseMove(&scene.window(), {50, 15});
+    QTest::mouseRelease(&scene.window(), Qt::LeftButton, {}, {50, 15});
+    EXPECT_EQ(scene.evaluate("seen.join()"), "press 30,move 50");
+    scene.evaluate("seen = []");
+    QTest::mouseDClick(&scene.window(), Qt::LeftButton, {}, {30, 15});
+    EXPECT_TRUE(scene.evaluate("seen.join()").toString().contains("double"));
+    scene.evaluate("seen = []");
+    QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, {350, 15});
+    QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, {390, 15});
+    EXPECT_EQ(scene.evaluate("seen.join()"), "maximize,closing,close");
+}
+
+}  // namespace

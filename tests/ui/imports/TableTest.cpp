@@ -1,0 +1,151 @@
+#include <gtest/gtest.h>
+#include <utility>
+
+#include <QTest>
+
+#include "tests/ui/imports/Scene.h"
+#include "ui/common/ObservableCollection.h"
+
+using support::Scene;
+
+namespace {
+
+/// One row's object, as the lists of the screens hold them.
+class Row : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString name MEMBER m_name CONSTANT)
+    Q_PROPERTY(QString status MEMBER m_status NOTIFY statusChanged)
+    Q_PROPERTY(bool selected MEMBER m_selected NOTIFY selectedChanged)
+public:
+    Row(QString name, QObject* parent) : QObject(parent), m_name(std::move(name)) {}
+
+signals:
+    void statusChanged();
+    void selectedChanged();
+
+private:
+    QString m_name;
+    QString m_status = "待交底";
+    bool m_selected = false;
+};
+
+class Rows : public ObservableCollection<Row*> {
+public:
+    explicit Rows(const QStringList& names) {
+        for (const QString& name : names)
+            add(name);
+    }
+    void add(const QString& name) { append(new Row(name, this)); }
+    bool selected(int row) const { return at(row)->property("selected").toBool(); }
+    QVariantMap context() { return {{"rows", QVariant::fromValue<QObject*>(this)}}; }
+};
+
+constexpr auto imports = "import QtQuick.Controls 1.4\n";
+constexpr auto table =
+    "UxCheckBoxTableView { width: 500; height: 300; model: rows; property var seen: []\n"
+    "TableViewColumn { title: '任务名称'; role: 'name'; width: 100 }\n"
+    "TableViewColumn { title: '状态'; role: 'status'; width: 100 }\n"
+    "Component { id: extra; TableViewColumn { title: '更新人'; role: 'name'; width: 80 } }\n"
+    "onHeaderClicked: seen.push(column + title); onClicked: seen.push('clicked')\n"
+    "onDoubleClicked: seen.push('double ' + row); onActivated: seen.push('activated ' + row) }";
+
+class TableTest : public testing::Test {
+protected:
+    Rows rows{QStringList{"甲", "乙", "丙"}};
+    Scene scene{table, rows.context(), imports};
+
+    void SetUp() override {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return scene.texts().count("待交底") == 3; }));
+    }
+    int selectAllState() { return scene.evaluate("selectAllState").toInt(); }
+    void clickAt(int x, int y) { QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, {x, y}); }
+};
+
+constexpr int header = 15;
+constexpr int firstRow = 45;
+constexpr int secondRow = 75;
+constexpr int checkBox = 17;
+constexpr int nameColumn = 80;
+
+TEST_F(TableTest, SelectAllKnowsThreeStates) {
+    EXPECT_EQ(selectAllState(), Qt::Unchecked);
+    clickAt(checkBox, secondRow);
+    EXPECT_TRUE(rows.selected(1));
+    EXPECT_EQ(selectAllState(), Qt::PartiallyChecked);
+    EXPECT_EQ(scene.evaluate("checkedRowNumbers().join()"), "1");
+    clickAt(checkBox, header);
+    EXPECT_TRUE(rows.selected(0) && rows.selected(1) && rows.selected(2));
+    EXPECT_EQ(selectAllState(), Qt::Checked);
+    clickAt(checkBox, header);
+    EXPECT_EQ(scene.evaluate("checkedCount"), 0);
+}
+
+TEST_F(TableTest, CountsChecksThroughRowsThatComeAndGo) {
+    rows.at(0)->setProperty("selected", true);
+    rows.add("丁");
+    EXPECT_EQ(selectAllState(), Qt::PartiallyChecked);
+    rows.pop_front();
+    EXPECT_EQ(selectAllState(), Qt::Unchecked);
+    for (int row = 0; row < 3; ++row)
+        rows.at(row)->setProperty("selected", true);
+    EXPECT_EQ(selectAllState(), Qt::Checked);
+    Rows other({});
+    scene.root()->setProperty("model", QVariant::fromValue<QObject*>(&other));
+    EXPECT_EQ(selectAllState(), Qt::Unchecked);
+    EXPECT_FALSE(scene.item("selectAll")->isEnabled());
+    other.add("戊");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scene.texts().contains("戊"); }));
+    EXPECT_TRUE(scene.item("selectAll")->isEnabled());
+    scene.root()->setProperty("model", QVariant());
+}
+
+TEST_F(TableTest, ColumnsCountWithoutTheCheckBoxes) {
+    scene.evaluate("insertColumnAt(1, extra)");
+    EXPECT_EQ(scene.evaluate("getColumn(0).title + getColumn(1).title + getColumn(2).title + getColumn(3).title"),
+              "任务名称更新人状态");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scene.evaluate("__listView.columnAt(150)") == 2; }));
+    clickAt(nameColumn, header);
+    clickAt(230, header);
+    clickAt(checkBox, header);
+    EXPECT_EQ(scene.evaluate("seen.join()"), "0任务名称,2状态");
+    scene.evaluate("sortColumn = 2, sortAscending = false");
+    const auto arrows = scene.items([](QQuickItem* item) {
+        return item->isVisible() && item->property("source").toString().contains("sort/descending");
+    });
+    ASSERT_EQ(arrows.size(), 1);
+    EXPECT_GT(arrows.first()->mapToScene({}).x(), 215);
+}
+
+TEST_F(TableTest, TellsClicksAndKeepsTheCurrentRow) {
+    clickAt(nameColumn, firstRow);
+    EXPECT_EQ(scene.evaluate("currentRow"), 0);
+    QTest::mouseDClick(&scene.window(), Qt::LeftButton, {}, {nameColumn, secondRow});
+    EXPECT_EQ(scene.evaluate("currentRow"), 1);
+    EXPECT_TRUE(scene.evaluate("seen.indexOf('clicked') >= 0 && seen.indexOf('double 1') >= 0").toBool());
+    scene.evaluate("selectByMouse = true");
+    QTest::mousePress(&scene.window(), Qt::LeftButton, {}, {nameColumn, secondRow});
+    QTest::mouseMove(&scene.window(), {nameColumn, firstRow});
+    QTest::mouseRelease(&scene.window(), Qt::LeftButton, {}, {nameColumn, firstRow});
+    EXPECT_EQ(scene.evaluate("currentRow"), 0);
+    clickAt(nameColumn, secondRow);
+    scene.evaluate("rowMouseSelectable = false");
+    clickAt(nameColumn, firstRow);
+    EXPECT_EQ(scene.evaluate("currentRow"), 1);
+}
+
+TEST_F(TableTest, IsWorkedByKeyboardAndFollowsItsRows) {
+    rows.at(1)->setProperty("status", "已交底");
+    EXPECT_TRUE(scene.texts().contains("已交底"));
+    scene.evaluate("forceActiveFocus()");
+    scene.press(Qt::Key_Home);
+    scene.press(Qt::Key_Down);
+    scene.press(Qt::Key_Space);
+    EXPECT_TRUE(rows.selected(1));
+    scene.press(Qt::Key_End);
+    scene.press(Qt::Key_Return);
+    EXPECT_EQ(scene.evaluate("seen.join()"), "activated 2");
+}
+
+}  // namespace
+
+#include "TableTest.moc"

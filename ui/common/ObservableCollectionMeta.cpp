@@ -1,0 +1,144 @@
+#include "ui/common/ObservableCollectionMeta.h"
+
+#include <QMetaProperty>
+#include <QQmlEngine>
+
+namespace {
+
+bool holdsObject(const QVariant& value) {
+    return value.userType() == QMetaType::QObjectStar;
+}
+
+QObject* objectOf(const QVariant& value) {
+    return holdsObject(value) ? *static_cast<QObject* const*>(value.constData()) : nullptr;
+}
+
+/// Objects compare equal only when both sides are held by the same type.
+QVariant normalised(const QVariant& value) {
+    if (holdsObject(value) || !QMetaType(value.userType()).flags().testFlag(QMetaType::PointerToQObject))
+        return value;
+    return QVariant::fromValue(value.value<QObject*>());
+}
+
+}  // namespace
+
+QHash<int, QByteArray> ObservableCollectionMeta::roleNames() const {
+    QHash<int, QByteArray> names{{0, "item"}};
+    if (const QObject* first = objectOf(front())) {
+        const QMetaObject* meta = first->metaObject();
+        for (int i = 0; i < meta->propertyCount(); ++i)
+            names.insert(i + 1, meta->property(i).name());
+    }
+    return names;
+}
+
+bool ObservableCollectionMeta::blockSignals(bool block) {
+    return QObject::blockSignals(block);
+}
+
+void ObservableCollectionMeta::touch() {
+    emit layoutAboutToBeChanged();
+    emit layoutChanged();
+}
+
+int ObservableCollectionMeta::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : size();
+}
+
+QVariant ObservableCollectionMeta::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || index.row() >= size())
+        return {};
+    const QVariant& item = m_items.at(index.row());
+    if (role == 0)
+        return item;
+    const QObject* object = role > 0 ? objectOf(item) : nullptr;
+    if (!object)
+        return {};
+    // A class that grows as it is used, as property maps do, stays at its address.
+    if (const QMetaObject* meta = object->metaObject(); meta != m_class || meta->propertyCount() != m_types.size()) {
+        m_class = meta;
+        m_types.clear();
+        for (int i = 0; i < meta->propertyCount(); ++i) {
+            const QMetaProperty property = meta->property(i);
+            m_types.append(property.isReadable() ? property.userType() : QMetaType::UnknownType);
+        }
+    }
+    const int type = m_types.value(role - 1, QMetaType::UnknownType);
+    if (type == QMetaType::UnknownType)
+        return {};
+    QVariant value(type, nullptr);
+    int status = -1;
+    void* arguments[] = {type == QMetaType::QVariant ? &value : value.data(), &value, &status};
+    QMetaObject::metacall(const_cast<QObject*>(object), QMetaObject::ReadProperty, role - 1, arguments);
+    return value;
+}
+
+void ObservableCollectionMeta::push_front(const QVariant& value) {
+    insert(0, value);
+}
+
+void ObservableCollectionMeta::push_back(const QVariant& value) {
+    insert(size(), value);
+}
+
+void ObservableCollectionMeta::append(const QVariant& value) {
+    insert(size(), value);
+}
+
+void ObservableCollectionMeta::insert(int row, const QVariant& value) {
+    const QVariant item = normalised(value);
+    // What an invokable returns to QML belongs to its garbage collector unless it has a parent or is told otherwise.
+    if (QObject* object = objectOf(item); object && !object->parent())
+        QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
+    beginInsertRows(QModelIndex(), row, row);
+    m_items.insert(row, item);
+    endInsertRows();
+    emit lengthChanged(size());
+}
+
+void ObservableCollectionMeta::removeAll(const QVariant& value) {
+    const QVariant item = normalised(value);
+    // Looked for anew each time, because a slot may have changed the list.
+    for (int row = m_items.indexOf(item); row >= 0; row = m_items.indexOf(item))
+        remove(row);
+}
+
+void ObservableCollectionMeta::remove(int index) {
+    if (index < 0 || index >= size())
+        return;
+    beginRemoveRows(QModelIndex(), index, index);
+    forgetClass();
+    m_items.removeAt(index);
+    endRemoveRows();
+    emit lengthChanged(size());
+}
+
+bool ObservableCollectionMeta::contains(const QVariant& value) const {
+    return m_items.contains(normalised(value));
+}
+
+int ObservableCollectionMeta::indexOf(const QVariant& value) const {
+    return m_items.indexOf(normalised(value));
+}
+
+void ObservableCollectionMeta::destoryQObjectItems() {
+    // Ahead of the signals, whose slots may delete elements themselves.
+    for (const QVariant& item : qAsConst(m_items))
+        if (QObject* object = objectOf(item))
+            object->deleteLater();
+    clear();
+}
+
+void ObservableCollectionMeta::clear() {
+    if (isEmpty())
+        return;
+    beginRemoveRows(QModelIndex(), 0, size() - 1);
+    forgetClass();
+    m_items.clear();
+    endRemoveRows();
+    emit lengthChanged(0);
+}
+
+void ObservableCollectionMeta::forgetClass() {
+    m_class = nullptr;
+}

@@ -1,0 +1,52 @@
+import QtQuick 2.12
+import QtQuick.Controls.Private 1.0
+import "."
+
+// What every table has: columns, header, scrolling and cells with border lines. The base is the scroll view with columns
+// that the stock table and tree share; its stock table cannot be the base, since its signals differ from ours.
+BasicTableView {
+    id: control
+
+    property color cellBorderColor: UxTheme.cellBorder
+    property color headerColor: UxTheme.tableHeader
+    property color borderColor: UxTheme.border
+    property int rowHeight: UxTheme.tableRowHeight
+    property int __sortColumn: sortIndicatorVisible ? sortIndicatorColumn : -1
+    property bool __sortAscending: sortIndicatorOrder === Qt.AscendingOrder
+
+    alternatingRowColors: true
+    headerVisible: true
+    sortIndicatorVisible: false
+    style: UxBasicTableViewStyle {}
+    Accessible.role: Accessible.Table
+
+    // The base gives its list the focus before the list has its place, and takes the list's branch out and in again for
+    // every inserted column: the table does not know where its focus lies.
+    function __placeFocus() {
+        __listView.focus = false
+        __listView.focus = true
+    }
+
+    Component.onCompleted: __placeFocus()
+
+    __itemDelegateLoader: TableViewItemDelegateLoader {
+        __style: control.__style
+        __itemDelegate: control.itemDelegate
+        __mouseArea: control.__mouseArea
+
+        Rectangle {
+            anchors.right: parent.right
+            width: 1
+            height: parent.height
+            z: 1
+            color: control.cellBorderColor
+        }
+        Rectangle {
+            anchors.bottom: parent.bottom
+            width: parent.width
+            height: 1
+            z: 1
+            color: control.cellBorderColor
+        }
+    }
+}

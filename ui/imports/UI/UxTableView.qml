@@ -1,0 +1,67 @@
+import QtQuick 2.12
+import "."
+
+// A table over a list model. A delegate reads the row's object as model.item, or a role by its name.
+UxBasicTableView {
+    id: control
+
+    property var model
+    property alias currentRow: control.__currentRow
+    // A press on a row makes it the current row.
+    property bool rowMouseSelectable: true
+    // Dragging over rows does so, too.
+    property bool selectByMouse: false
+    readonly property int rowCount: __listView.count
+
+    signal activated(int row)
+    signal clicked()
+    signal doubleClicked(int row)
+    signal pressAndHold(int row)
+    // A click on a column's header.
+    signal headerClicked(int column, string title)
+
+    function rowAt(x, y) {
+        var point = mapToItem(__listView.contentItem, x, y)
+        return __listView.indexAt(point.x, point.y)
+    }
+
+    // The keyboard moves over the rows, whatever control in a cell had it last.
+    function focusRows() {
+        rowKeys.forceActiveFocus()
+    }
+
+    function positionViewAtRow(row, mode) {
+        __listView.positionViewAtIndex(row, mode)
+    }
+
+    style: UxTableViewStyle {}
+    __viewTypeName: "TableView"
+    __model: model
+    __mouseArea: UxTableMouse { table: control }
+    onModelChanged: currentRow = -1
+
+    // The list would pass the keyboard on to the control inside it that had it last.
+    Item {
+        id: rowKeys
+        parent: control.__listView
+    }
+
+    // Sees the clicks on the header without taking them from its resize handles.
+    Item {
+        parent: control.__listView.headerItem
+        anchors.fill: parent
+        z: 1
+        TapHandler {
+            onTapped: {
+                var column = control.__listView.columnAt(eventPoint.position.x)
+                var shown = column >= 0 ? control.getColumn(column) : null
+                if (shown)
+                    control.__headerTapped(column, shown.title)
+            }
+        }
+    }
+
+    function __headerTapped(column, title) {
+        headerClicked(column, title)
+    }
+}

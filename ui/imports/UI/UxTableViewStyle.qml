@@ -1,0 +1,5 @@
+import QtQuick 2.12
+
+// The look of a table over a model.
+UxBasicTableViewStyle {
+}

@@ -1,0 +1,5 @@
+import QtQuick 2.12
+
+// The tree of catalogs and people.
+UxTreeView {
+}

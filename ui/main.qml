@@ -1,0 +1,77 @@
+import QtQuick 2.12
+import QtQuick.Layouts 1.12
+import UI 1.0
+import "qrc:/commands/DisclosureManage/ui/task/qml"
+
+// The main window: catalogs on the left, tasks on the right.
+Rectangle {
+    id: root
+
+    property alias title: titleBar.title
+    // A pop-up waits for an answer.
+    readonly property bool asking: namePopup.visible
+
+    signal signalCatalogOption(variant type, variant data)
+    signal signalUpdateNextFolderName()
+    signal close()
+    signal toggleMaximized()
+    signal titlebarPressed()
+    signal titlebarPositionChanged()
+    signal titlebarDbClick()
+
+    color: UxTheme.background
+    border.width: 1
+    border.color: UxTheme.windowBorder
+
+    ColumnLayout {
+        anchors.fill: parent
+        anchors.margins: 1
+        spacing: 0
+
+        WindowTitleBar {
+            id: titleBar
+            title: qsTr("交底管理")
+            hasMaxButton: false
+            onClose: root.close()
+            onToggleMaximized: root.toggleMaximized()
+            onTitlebarPressed: root.titlebarPressed()
+            onTitlebarPositionChanged: root.titlebarPositionChanged()
+            onTitlebarDbClick: root.titlebarDbClick()
+        }
+
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            spacing: 0
+
+            CatalogPane {
+                id: catalogs
+                Layout.preferredWidth: 180
+                Layout.maximumWidth: 180
+                Layout.fillHeight: true
+                Layout.leftMargin: 20
+                Layout.topMargin: 20
+                Layout.bottomMargin: 20
+                focus: true
+                onOptionChosen: root.signalCatalogOption(option, "")
+                onNameWanted: namePopup.openFor(option)
+                onMenuClosed: {
+                    if (!namePopup.visible)
+                        forceActiveFocus()
+                }
+            }
+
+            DisClosureTaskMgr {
+                Layout.fillWidth: true
+                Layout.fillHeight: true
+            }
+        }
+    }
+
+    FolderNamePopup {
+        id: namePopup
+        onProposalWanted: root.signalUpdateNextFolderName()
+        onNameGiven: root.signalCatalogOption(option, name)
+        onClosed: catalogs.forceActiveFocus()
+    }
+}
