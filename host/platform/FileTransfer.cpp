@@ -270,6 +270,9 @@ void FileDownload::onFinished() {
         m_reply->header(QNetworkRequest::ContentTypeHeader).toString().contains("text/html", Qt::CaseInsensitive);
     if (!readSome())
         return;
+    // Qt ends a reply that broke off like a whole one if the end of the connection reached it with the last bytes.
+    if (isFile() && exchange().moved < exchange().total)
+        exchange().complete = false;
     if (isFile() && exchange().complete) {
         if (exchange().moved != exchange().total || m_reply->rawHeader("ETag") != '"' + hash().result().toHex() + '"')
             return fail(tr("下载的文件校验失败，请重试"));

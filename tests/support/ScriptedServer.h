@@ -107,6 +107,9 @@ private:
         QCryptographicHash hash{QCryptographicHash::Md5};
         bool isAnswered = false;
         bool isStuck = false;
+        // Those at its beginning: what is left of a request that its client gave up is none of the next handler's.
+        Handler handler;
+        EarlyHandler earlyHandler;
     };
 
     void read(QTcpSocket& socket, Connection& connection) {
@@ -130,7 +133,12 @@ private:
         }
     }
 
-    static void readHead(Connection& connection, const QByteArray& head) {
+    void readHead(Connection& connection, const QByteArray& head) {
+        {
+            const std::lock_guard lock(m_mutex);
+            connection.handler = m_handler;
+            connection.earlyHandler = m_earlyHandler;
+        }
         Request& request = connection.request;
         const QList<QByteArray> lines = head.split('\n');
         const QList<QByteArray> first = lines.first().split(' ');
@@ -150,14 +158,7 @@ private:
             return;
         Request& request = connection.request;
         const bool isWhole = request.received >= connection.length;
-        Handler handler;
-        EarlyHandler earlyHandler;
-        {
-            const std::lock_guard lock(m_mutex);
-            handler = m_handler;
-            earlyHandler = m_earlyHandler;
-        }
-        std::optional<Reply> reply = earlyHandler ? earlyHandler(request) : std::nullopt;
+        std::optional<Reply> reply = connection.earlyHandler ? connection.earlyHandler(request) : std::nullopt;
         if (!reply && !isWhole)
             return;
         request.md5 = connection.hash.result().toHex().toStdString();
@@ -166,7 +167,7 @@ private:
             m_requests.push_back(request);
         }
         if (!reply)
-            reply = handler(request);
+            reply = connection.handler(request);
         connection.isAnswered = true;
         connection.isStuck = !isWhole && reply->fault == Fault::NeverAnswers;
         // Closing with bytes unread would take the answer back: then it is for the client to close.
