@@ -92,8 +92,8 @@ public:
     explicit Bare(const std::string& file) {
         sqlite3_open(file.c_str(), &m_connection);
         installNameGrams(m_connection);
-        for (const char* setting :
-             {"journal_mode = WAL", "synchronous = FULL", "foreign_keys = ON", "cache_size = -16384"})
+        for (const char* setting : {"journal_mode = WAL", "synchronous = FULL", "foreign_keys = ON",
+                                    "cache_size = -16384", "temp_store = MEMORY"})
             run(prepared(std::string("PRAGMA ") + setting));
         m_begin = prepared("BEGIN IMMEDIATE");
         m_commit = prepared("COMMIT");

@@ -2,6 +2,8 @@
 
 #include <spdlog/spdlog.h>
 
+#include "service/store/IStore.h"
+
 namespace disclosure {
 
 Repeating::Repeating(std::string name, std::chrono::milliseconds pause, Job job)
@@ -22,7 +24,7 @@ void Repeating::repeat() {
         try {
             m_job([this] { return goOn(); });
         } catch (const std::exception& error) {
-            spdlog::error("{}: {}", m_name, error.what());
+            spdlog::error("{}: {}", m_name, logTextOf(error));
         }
         std::unique_lock lock(m_mutex);
         if (m_wake.wait_for(lock, m_pause, [this] { return m_ending; }))

@@ -86,7 +86,7 @@ void check(const MailSettings& mail) {
 
 Settings::Settings() : database(usualDatabase()) {
     server.port = UsualPort;
-    dispatcher.workers = std::max(2U, std::thread::hardware_concurrency());
+    dispatcher.readers = std::max(2U, std::thread::hardware_concurrency());
 }
 
 void Settings::read(const std::string& file) {
@@ -104,7 +104,7 @@ void Settings::read(const std::string& file) {
         {"server.connections", [&](auto& node, auto& key) { server.mostConnections = number(node, key, 1, 100'000); }},
         {"server.log_level", [&](auto& node, auto& key) { logLevel = text(node, key); }},
         {"database.url", [&](auto& node, auto& key) { database = text(node, key); }},
-        {"database.workers", [&](auto& node, auto& key) { dispatcher.workers = number(node, key, 1, 64); }},
+        {"database.readers", [&](auto& node, auto& key) { dispatcher.readers = number(node, key, 1, 64); }},
         {"files.folder", [&](auto& node, auto& key) { filesFolder = text(node, key); }},
         {"files.quota_megabytes", [&](auto& node, auto& key) { quotaMegabytes = number(node, key, 1, 1'000'000'000); }},
         {"files.keep_hours",

@@ -52,8 +52,9 @@ public:
 protected:
     ~ControllerApi() = default;
 
-    /// Calls the service and reads its answer as a `Result`. Every failure that the client finds itself is an
-    /// `ApiException`: a call that cannot be made throws at once, everything later comes out of the task.
+    /// Calls the service and reads its answer as a `Result`. A call that cannot be made throws an `ApiException` at
+    /// once, everything later comes out of the task: an answer that is no JSON of a `Result` as a
+    /// `web::json::json_exception`.
     template <class Result>
     pplx::task<std::shared_ptr<Result>> call(const Operation& operation, const Arguments& arguments) const {
         return send(operation, arguments).then([](const utility::string_t& text) {

@@ -129,6 +129,15 @@ ModelBase::Content ModelBase::toHttpContent(const string_t& name, bool value, co
     return toHttpContent(name, toJson(value).serialize(), contentType);
 }
 
+ModelBase::Content ModelBase::toHttpContent(const string_t& name, const Content& value, const string_t& contentType) {
+    auto content = std::make_shared<HttpContent>(*value);
+    content->setName(name);
+    content->setContentDisposition(_XPLATSTR("form-data"));
+    if (!contentType.empty())
+        content->setContentType(contentType);
+    return content;
+}
+
 string_t ModelBase::stringFromHttpContent(const Content& val) {
     return utility::conversions::to_string_t(bytesOf(*val));
 }

@@ -61,6 +61,9 @@ public:
     static Content toHttpContent(const utility::string_t& name, double value,
                                  const utility::string_t& contentType = {});
     static Content toHttpContent(const utility::string_t& name, bool value, const utility::string_t& contentType = {});
+    /// The same file and data under another name; without a content type it keeps its own.
+    static Content toHttpContent(const utility::string_t& name, const Content& value,
+                                 const utility::string_t& contentType = {});
 
     // Throw `std::invalid_argument` or `std::out_of_range` for a text that is no such value.
     static utility::string_t stringFromHttpContent(const Content& val);
@@ -69,6 +72,7 @@ public:
     static int64_t int64FromHttpContent(const Content& val);
     static double doubleFromHttpContent(const Content& val);
     static bool boolFromHttpContent(const Content& val);
+    static Content httpContentFromHttpContent(const Content& val) { return val; }
 
     static utility::string_t toBase64(const std::string& bytes);
     /// Throws `std::runtime_error` for a text that is not Base64.

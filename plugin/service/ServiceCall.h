@@ -43,13 +43,12 @@ bool RecoverSession(const io::swagger::client::api::ApiException& failure);
 bool CallService(const std::function<bool(std::shared_ptr<io::swagger::client::api::ApiClient>)>& attempt,
                  const std::function<bool()>& repeat) noexcept;
 
-/// Waits for an answer; null when there is none or the service refused, which the host has then been told. What has no
-/// code is no answer of the service.
+/// Waits for an answer; null when there is none or the service refused, which the host has then been told. An answer
+/// without a code has the code 0.
 template <class Answer>
 std::shared_ptr<Answer> Await(const pplx::task<std::shared_ptr<Answer>>& call) {
     auto answer = call.get();
-    if (!answer || !answer->codeIsSet() ||
-        ReportServiceError(answer->getCode(), answer->getMsg(), answer->getSuccess()))
+    if (!answer || ReportServiceError(answer->getCode(), answer->getMsg(), answer->getSuccess()))
         return nullptr;
     return answer;
 }

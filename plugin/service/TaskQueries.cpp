@@ -19,9 +19,8 @@ bool CDisclosureManageMgr::PageTasks(const TaskQuery& query, std::vector<TaskRec
                 ToService(query.orderKey), ToService(query.orderType)));
             if (!answer || !answer->getResult())
                 return false;
-            const auto before = static_cast<std::ptrdiff_t>(tasks.size());
             AppendPage(*answer->getResult(), tasks, total);
-            m_taskCache.assign(tasks.begin() + before, tasks.end());
+            m_taskCache = tasks;
             return true;
         });
 }
@@ -46,10 +45,11 @@ bool CDisclosureManageMgr::QueryTaskById(const std::wstring& id, TaskRecord& tas
 }
 
 bool CDisclosureManageMgr::QueryPushConfig(const std::wstring& deptId, PushConfig& config) {
+    const std::wstring asked = deptId;  // which may be the record's own
     config = {};
-    return Perform<TaskApi>(*this, &IDisclosureManageMgr::QueryPushConfig, std::tie(deptId, config),
+    return Perform<TaskApi>(*this, &IDisclosureManageMgr::QueryPushConfig, std::tie(asked, config),
                             [&](const TaskApi& api) {
-                                const auto answer = Await(api.queryPushConfig(ToService(deptId)));
+                                const auto answer = Await(api.queryPushConfig(ToService(asked)));
                                 if (!answer)
                                     return false;
                                 if (answer->getResult())  // a department without settings has none

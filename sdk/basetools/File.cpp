@@ -6,10 +6,17 @@ namespace BASETOOLS {
 namespace {
 
 QFileInfo Info(const std::wstring& path) {
-    return QFileInfo(QString::fromStdWString(path).replace('\\', '/'));
+    QString text = QString::fromStdWString(path);
+    if (const QFileInfo info(text); info.exists())
+        return info;
+    return QFileInfo(text.replace('\\', '/'));
 }
 
 }  // namespace
+
+std::wstring GetFileName(const std::wstring& path) {
+    return Info(path).fileName().toStdWString();
+}
 
 std::wstring GetFileExtion(const std::wstring& path) {
     return Info(path).suffix().toStdWString();

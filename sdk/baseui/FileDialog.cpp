@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileDialog>
 
+#include "sdk/basetools/File.h"
 #include "sdk/baseui/DialogOwner.h"
 
 namespace {
@@ -58,7 +59,7 @@ CFileDialog::Result CFileDialog::DoModal() {
 }
 
 std::wstring CFileDialog::GetFileName() const {
-    return m_path.substr(m_path.find_last_of(L"/\\") + 1);
+    return BASETOOLS::GetFileName(m_path);
 }
 
 std::wstring CFileDialog::ask() const {

@@ -30,6 +30,7 @@ namespace reasons {
 
 inline constexpr Reason NoRightCatalogs{403, "您没有编辑交底目录的权限"};
 inline constexpr Reason NoRightTasks{403, "您没有编辑交底任务的权限"};
+inline constexpr Reason NoRightMove{403, "您没有移动交底任务的权限"};
 inline constexpr Reason NoRightDelete{403, "您没有删除交底任务的权限"};
 
 inline constexpr Reason NoDepartment{404, "部门不存在"};

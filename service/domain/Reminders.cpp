@@ -120,7 +120,7 @@ public:
         try {
             make(task, kind, config);
         } catch (const std::exception& error) {
-            throw BadTask{task.rid, task.id, error.what()};
+            throw BadTask{task.rid, task.id, logTextOf(error)};
         }
     }
 
@@ -323,7 +323,7 @@ std::int64_t Reminders::run(IStore& store, const GoOn& goOn) const {
             try {
                 return !takeSome(store, config.deptId, goOn, made);
             } catch (const std::exception& error) {
-                spdlog::error("reminders of department {}: {}", config.deptId, error.what());
+                spdlog::error("reminders of department {}: {}", config.deptId, logTextOf(error));
                 return true;
             }
         });

@@ -132,10 +132,20 @@ void Tasks::save(const std::string& deptId, std::string id, TaskContent content)
         note(task, LogEntry::Published);
 }
 
-void Tasks::update(const TaskKey& key, const TaskChange& change, std::optional<std::int64_t> version) {
+void Tasks::update(const TaskKey& key, const TaskChange& change, std::optional<std::int64_t> version,
+                   const Rights& rights) {
     Task task = stored(key);
     const TaskContent before = task;
     TaskContent content = changed(before, change);
+    const bool moves = content.catalogId != before.catalogId;
+    const bool edits = content != movedTo(before, content.catalogId);
+    if (edits && !rights.contains(Right::EditTasks))
+        throw Refusal(reasons::NoRightTasks);
+    if (moves && !rights.contains(Right::DeleteTasks))
+        throw Refusal(reasons::NoRightMove);
+    // Either right will do: what saw no answer is repeated, and changes nothing any more.
+    if (!rights.contains(Right::EditTasks) && !rights.contains(Right::DeleteTasks))
+        throw Refusal(reasons::NoRightTasks);
     check(task.deptId, content, before);
     if (content == before)
         return;

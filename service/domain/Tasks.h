@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "service/domain/Rights.h"
 #include "service/domain/TaskRecords.h"
 #include "service/store/IStore.h"
 
@@ -50,8 +51,9 @@ public:
     /// Adds the task; an empty id is given one. Saying the same again changes nothing and is no error.
     void save(const std::string& deptId, std::string id, TaskContent content);
     /// `version` is the last change that the client has seen, if it says so. A change that changes nothing is no error,
-    /// whatever the version.
-    void update(const TaskKey& key, const TaskChange& change, std::optional<std::int64_t> version);
+    /// whatever the version. Takes the right to edit for what is edited, and that to delete for another catalog.
+    void update(const TaskKey& key, const TaskChange& change, std::optional<std::int64_t> version,
+                const Rights& rights);
     void remove(const std::vector<TaskKey>& keys);
     /// To be called before a catalog goes with its tasks.
     void noteRemovalOf(const std::string& deptId, const std::string& catalogId);

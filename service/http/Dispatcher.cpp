@@ -37,7 +37,8 @@ Dispatcher::Dispatcher(const Service& service, IDatabase& database, const Settin
       m_uploads(settings.uploads),
       m_ownUploads(settings.uploadsOfOne),
       m_downloads(settings.downloads),
-      m_workers(database, settings.workers, settings.longestQueue),
+      m_readers(database, settings.readers, settings.longestQueue),
+      m_writer(database, 1, settings.longestQueue),
       m_loginWorkers(database, settings.loginWorkers, settings.longestLoginQueue) {}
 
 void Dispatcher::dispatch(Request request, std::string address, Done done) {
@@ -54,9 +55,8 @@ void Dispatcher::dispatch(Request request, std::string address, Done done) {
             return;
         }
     }
-    Workers& workers = work == Work::Login ? m_loginWorkers : m_workers;
-    const bool taken =
-        workers.submit([this, request = std::move(request), address = std::move(address), place, done](IStore& store) {
+    const bool taken = workersFor(work).submit(
+        [this, request = std::move(request), address = std::move(address), place, done](IStore& store) {
             Reply reply = m_service.answer(request, address, &store);
             if (reply.file.upload || reply.file.content)
                 reply.file.place = place;
@@ -64,6 +64,18 @@ void Dispatcher::dispatch(Request request, std::string address, Done done) {
         });
     if (!taken)
         done({answerBusy()});
+}
+
+Workers& Dispatcher::workersFor(Work work) {
+    switch (work) {
+        case Work::Login:
+            return m_loginWorkers;
+        case Work::Write:
+        case Work::Upload:
+            return m_writer;
+        default:
+            return m_readers;
+    }
 }
 
 Reply Dispatcher::withinOwnPlaces(Reply reply, IStore& store) {
@@ -103,7 +115,7 @@ void Dispatcher::finish(std::shared_ptr<Upload> upload, std::function<void(Respo
             abandon(std::move(upload));
             return;
         }
-        m_workers.add([this, pending = upload->pending(), md5, done](IStore& store) {
+        m_writer.add([this, pending = upload->pending(), md5, done](IStore& store) {
             done(m_service.keep(pending, md5, store));
         });
     });
@@ -113,7 +125,7 @@ void Dispatcher::abandon(std::shared_ptr<Upload> upload) {
     asio::post(m_fileThreads, [this, upload = std::move(upload)]() mutable {
         const PendingFile pending = upload->pending();
         upload.reset();
-        m_workers.add([this, pending](IStore& store) { m_service.giveUp(pending, store); });
+        m_writer.add([this, pending](IStore& store) { m_service.giveUp(pending, store); });
     });
 }
 
@@ -132,7 +144,8 @@ void Dispatcher::read(std::shared_ptr<FileReader> content, std::span<char> piece
 
 void Dispatcher::settle() {
     m_fileThreads.join();
-    m_workers.stop();
+    m_readers.stop();
+    m_writer.stop();
     m_loginWorkers.stop();
 }
 

@@ -48,7 +48,7 @@ public:
     using Done = std::function<void(Reply)>;
 
     struct Settings {
-        std::size_t workers = 2;
+        std::size_t readers = 2;
         std::size_t loginWorkers = 2;
         std::size_t longestQueue = 4096;
         std::size_t longestLoginQueue = 64;
@@ -80,6 +80,7 @@ public:
 private:
     static constexpr std::size_t FileThreads = 4;
 
+    Workers& workersFor(Work work);
     /// Only so many uploads of one person are let in.
     Reply withinOwnPlaces(Reply reply, IStore& store);
 
@@ -87,7 +88,8 @@ private:
     Places m_uploads;
     PersonalPlaces m_ownUploads;
     Places m_downloads;
-    Workers m_workers;
+    Workers m_readers;
+    Workers m_writer;  // one, whose connection keeps its pages: nobody else of this process changes them often
     Workers m_loginWorkers;
     boost::asio::thread_pool m_fileThreads{FileThreads};
 };

@@ -56,7 +56,7 @@ Response answerToFailure(std::string_view what) noexcept {
     } catch (const Refusal& refusal) {
         return answerTo(refusal);
     } catch (const std::exception& error) {
-        spdlog::error("{}: {}", what, error.what());
+        spdlog::error("{}: {}", what, logTextOf(error));
         if (dynamic_cast<const DiskFull*>(&error) || isDatabaseFull(error))
             return answerTo(HttpError(http::status::insufficient_storage, "服务器存储空间不足"));
         return answerTo(HttpError(http::status::internal_server_error, "服务内部错误，请稍后重试"));

@@ -273,7 +273,7 @@ void Service::removeUnknown(const std::string& uuid, IStore& store) const noexce
         if (!store.knowsFile(uuid))
             m_files.remove(uuid);
     } catch (const std::exception& error) {
-        spdlog::warn("an upload's content is left to the sweep: {}", error.what());
+        spdlog::warn("an upload's content is left to the sweep: {}", logTextOf(error));
     }
 }
 
@@ -283,7 +283,7 @@ void Service::giveUp(const PendingFile& pending, IStore& store) const noexcept {
         Files(store, pending.username, m_clock()).giveUp(pending);
         transaction.commit();
     } catch (const std::exception& error) {
-        spdlog::warn("an upload's room is left to the sweep: {}", error.what());
+        spdlog::warn("an upload's room is left to the sweep: {}", logTextOf(error));
     }
 }
 

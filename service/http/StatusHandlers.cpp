@@ -17,7 +17,7 @@ Response ready(Call& call) {
     try {
         current = call.store->isCurrent();
     } catch (const std::exception& e) {
-        spdlog::error("not ready: {}", e.what());
+        spdlog::error("not ready: {}", logTextOf(e));
     }
     if (!current)
         throw HttpError(http::status::service_unavailable, "数据库不可用或尚未升级");

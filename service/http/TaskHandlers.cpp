@@ -140,7 +140,7 @@ Response updateTask(Call& call) {
     std::optional<std::int64_t> version;
     if (call.taskVersion)
         version = parsed<std::int64_t>(*call.taskVersion, "X-Task-Version");
-    rulesFor(call).update(call.tasks.front(), taskChangeOf(call.body), version);
+    rulesFor(call).update(call.tasks.front(), taskChangeOf(call.body), version, call.rights);
     return done();
 }
 

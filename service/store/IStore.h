@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <memory>
+#include <string>
 
 #include "service/store/IAccountStore.h"
 #include "service/store/ICatalogStore.h"
@@ -30,6 +31,9 @@ public:
     /// Whether the database answers and has the tables this program knows.
     virtual bool isCurrent() = 0;
 };
+
+/// What went wrong, for the log: a failed statement without the values it was given, which may be secrets.
+std::string logTextOf(const std::exception& error);
 
 /// Whether this is how the database says that its disk is full.
 bool isDatabaseFull(const std::exception& error);

@@ -200,6 +200,13 @@ const std::vector<Migration> Steps{
         "CREATE INDEX mail_wake ON mail (wake_at)",
         "CREATE INDEX mail_claimed ON mail (claimed_at)",
     },
+    {
+        // 8: a task is written once with all it has, so a new one may be due as well as a changed one
+        "CREATE TRIGGER task_planned AFTER INSERT ON task WHEN new.state <> 2 AND (new.plan_disclosure > 0 OR "
+        "new.expiry > 0) AND EXISTS (SELECT 1 FROM push_config c WHERE c.dept_id = new.dept_id AND "
+        "(c.notify_advance = 1 OR c.notify_overdue = 1)) BEGIN INSERT INTO reminder_changed (dept_id, task_rid) "
+        "VALUES (new.dept_id, new.rid) ON CONFLICT DO NOTHING; END",
+    },
 };
 
 }  // namespace

@@ -134,6 +134,10 @@ inline constexpr auto OldReminders =
     "SELECT dept_id, task_id, kind, due, username, CASE WHEN due LIKE 'once %' AND EXISTS (SELECT 1 FROM task t "
     "WHERE t.dept_id = reminder.dept_id AND t.task_id = reminder.task_id AND t.state <> 2) THEN 1 ELSE 0 END "
     "FROM reminder WHERE made_at < :before ORDER BY made_at LIMIT :most";
+#define DISCLOSURE_THIS_REMINDER \
+    " WHERE dept_id = :dept AND task_id = :id AND kind = :kind AND due = :due AND username = :username"
+inline constexpr auto KeepReminder = "UPDATE reminder SET made_at = :now" DISCLOSURE_THIS_REMINDER;
+inline constexpr auto DropReminder = "DELETE FROM reminder" DISCLOSURE_THIS_REMINDER;
 /// The task is that of now, where the person may still see it.
 inline constexpr auto MessagesOf = DISCLOSURE_REACH
     "SELECT message.rid, message.dept_id, message.kind, message.text, message.created_at, message.is_read, "
@@ -201,5 +205,6 @@ inline constexpr const char* Keyed[] = {
 #undef DISCLOSURE_SHOWS
 #undef DISCLOSURE_REFERS
 #undef DISCLOSURE_MAIL
+#undef DISCLOSURE_THIS_REMINDER
 
 }  // namespace disclosure::queries

@@ -8,15 +8,9 @@ using soci::use;
 
 template <class... Used>
 std::vector<Catalog> SqlStore::readCatalogs(const char* query, Used&&... used) {
-    std::vector<Catalog> found;
     Catalog c;
-    soci::statement rows = ((m_sql->prepare << query, into(c.deptId), into(c.id), into(c.name), into(c.parentId),
-                             into(c.sort), into(c.depth)),
-                            ..., used);
-    rows.execute();
-    while (rows.fetch())
-        found.push_back(c);
-    return found;
+    return m_statements.list(query, c, into(c.deptId), into(c.id), into(c.name), into(c.parentId), into(c.sort),
+                             into(c.depth), std::forward<Used>(used)...);
 }
 
 namespace {
@@ -30,15 +24,10 @@ std::optional<Catalog> first(std::vector<Catalog> found) {
 }  // namespace
 
 std::vector<Catalog> SqlStore::catalogs(const std::string& deptId) {
-    std::vector<Catalog> found;
     Catalog c;
     c.deptId = deptId;
-    soci::statement rows = (m_sql->prepare << queries::Catalogs, into(c.id), into(c.name), into(c.parentId),
-                            into(c.sort), into(c.depth), into(c.taskNumber), use(deptId, "dept"));
-    rows.execute();
-    while (rows.fetch())
-        found.push_back(c);
-    return found;
+    return m_statements.list(queries::Catalogs, c, into(c.id), into(c.name), into(c.parentId), into(c.sort),
+                             into(c.depth), into(c.taskNumber), use(deptId, "dept"));
 }
 
 std::optional<Catalog> SqlStore::catalog(const std::string& deptId, const std::string& id) {
@@ -76,26 +65,28 @@ bool SqlStore::subtreeHoldsTasks(const std::string& deptId, const std::string& i
 }
 
 void SqlStore::addCatalog(const Catalog& c) {
-    run("INSERT INTO catalog (dept_id, catalog_id, parent_id, name, sort, depth) "
+    m_statements.run(
+        "INSERT INTO catalog (dept_id, catalog_id, parent_id, name, sort, depth) "
         "VALUES (:dept, :id, NULLIF(:parent, ''), :name, :sort, :depth)",
         use(c.deptId, "dept"), use(c.id, "id"), use(c.parentId, "parent"), use(c.name, "name"), use(c.sort, "sort"),
         use(c.depth, "depth"));
 }
 
 void SqlStore::renameCatalog(const std::string& deptId, const std::string& id, const std::string& name) {
-    run("UPDATE catalog SET name = :name WHERE dept_id = :dept AND catalog_id = :id", use(name, "name"),
-        use(deptId, "dept"), use(id, "id"));
+    m_statements.run("UPDATE catalog SET name = :name WHERE dept_id = :dept AND catalog_id = :id", use(name, "name"),
+                     use(deptId, "dept"), use(id, "id"));
 }
 
 void SqlStore::placeCatalog(const std::string& deptId, const std::string& id, std::int32_t sort) {
-    run("UPDATE catalog SET sort = :sort WHERE dept_id = :dept AND catalog_id = :id", use(sort, "sort"),
-        use(deptId, "dept"), use(id, "id"));
+    m_statements.run("UPDATE catalog SET sort = :sort WHERE dept_id = :dept AND catalog_id = :id", use(sort, "sort"),
+                     use(deptId, "dept"), use(id, "id"));
 }
 
 void SqlStore::removeCatalog(const std::string& deptId, const std::string& id) {
     // The tasks first: the numbers of the catalogs above follow from each while the way up still stands.
-    run(queries::RemoveSubtreeTasks, use(id, "id"), use(deptId, "dept"));
-    run("DELETE FROM catalog WHERE dept_id = :dept AND catalog_id = :id", use(deptId, "dept"), use(id, "id"));
+    m_statements.run(queries::RemoveSubtreeTasks, use(id, "id"), use(deptId, "dept"));
+    m_statements.run("DELETE FROM catalog WHERE dept_id = :dept AND catalog_id = :id", use(deptId, "dept"),
+                     use(id, "id"));
 }
 
 }  // namespace disclosure

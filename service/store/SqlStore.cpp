@@ -7,18 +7,21 @@
 namespace disclosure {
 
 SqlStore::SqlStore(std::unique_ptr<soci::session> sql, std::string beginWrite, std::mutex& writers)
-    : m_sql(std::move(sql)), m_beginWrite(std::move(beginWrite)), m_writing(writers, std::defer_lock) {}
+    : m_sql(std::move(sql)),
+      m_statements(*m_sql),
+      m_beginWrite(std::move(beginWrite)),
+      m_writing(writers, std::defer_lock) {}
 
 SqlStore::~SqlStore() = default;
 
 void SqlStore::begin(Access access) {
     if (access == Access::Read) {
-        *m_sql << "BEGIN";
+        m_statements.run("BEGIN");
         return;
     }
     m_writing.lock();
     try {
-        *m_sql << m_beginWrite;
+        m_statements.run(m_beginWrite);
     } catch (...) {
         m_writing.unlock();
         throw;
@@ -26,17 +29,17 @@ void SqlStore::begin(Access access) {
 }
 
 void SqlStore::commit() {
-    *m_sql << "COMMIT";
+    m_statements.run("COMMIT");
     if (m_writing.owns_lock())
         m_writing.unlock();
 }
 
 void SqlStore::rollback() noexcept {
     try {
-        *m_sql << "ROLLBACK";
+        m_statements.run("ROLLBACK");
     } catch (const std::exception& e) {
         // The engine has already undone it by itself, as it does when the disk is full.
-        spdlog::warn("rollback: {}", e.what());
+        spdlog::warn("rollback: {}", logTextOf(e));
     }
     if (m_writing.owns_lock())
         m_writing.unlock();
@@ -45,7 +48,7 @@ void SqlStore::rollback() noexcept {
 bool SqlStore::isCurrent() {
     int version = 0;
     soci::indicator found = soci::i_null;
-    *m_sql << "SELECT MAX(version) FROM schema_version", soci::into(version, found);
+    m_statements.one("SELECT MAX(version) FROM schema_version", soci::into(version, found));
     return found == soci::i_ok && version == static_cast<int>(migrations().size());
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "service/store/IStore.h"
+#include "service/store/Statements.h"
 #include "service/store/TaskPlan.h"
 
 namespace disclosure {
@@ -120,34 +121,36 @@ public:
 
 private:
     /// The tasks of these numbers with their lists, in this order.
-    std::vector<Task> readTasks(const std::string& deptId, const std::vector<long long>& rids);
-    void writeTask(const Task& task);
-    void writeLists(const Task& task, bool isNew);
+    std::vector<Task> readTasks(const std::string& deptId, const std::vector<std::int64_t>& rids);
+    template <class Each>
+    void readLists(const Each& each, const std::string& deptId, const std::string& rids,
+                   const std::unordered_map<std::int64_t, Task*>& tasks);
+    /// Runs a statement that names every column of a task.
+    void writeTask(const char* statement, const Task& task);
+    /// Writes the task's lists in place of those there are.
+    void replaceLists(const Task& task);
+    void addLists(const Task& task);
     template <class... Used>
     std::vector<PushConfig> readPushConfigs(const char* query, Used&&... used);
     std::vector<Mail> readMails(const char* query, std::int64_t time, const char* name, std::int64_t most);
     std::optional<TaskScope> scopeOf(const TaskFilter& filter);
     TaskPlan::Path bestPath(const TaskPlan& plan, const TaskScope& scope);
     /// Runs a statement made for one filter; returns its only column.
-    std::vector<long long> readNumbers(const TaskSql& sql);
+    std::vector<std::int64_t> readNumbers(const TaskSql& sql);
     template <class... Used>
     std::vector<Catalog> readCatalogs(const char* query, Used&&... used);
     template <class... Used>
     std::optional<StoredFile> readFile(const char* query, const FileKey& key, Used&&... used);
+    /// The one number that a query gives.
     template <class... Used>
-    long long readNumber(const char* query, Used&&... used) {
-        long long number = 0;
-        soci::statement row = ((m_sql->prepare << query, soci::into(number)), ..., used);
-        row.execute(true);
+    std::int64_t readNumber(const char* query, Used&&... used) {
+        std::int64_t number = 0;
+        m_statements.one(query, soci::into(number), std::forward<Used>(used)...);
         return number;
-    }
-    template <class... Used>
-    void run(const char* statement, Used&&... used) {
-        soci::statement prepared = ((m_sql->prepare << statement), ..., used);
-        prepared.execute(true);
     }
 
     std::unique_ptr<soci::session> m_sql;
+    Statements m_statements;
     std::string m_beginWrite;
     std::unique_lock<std::mutex> m_writing;
 };

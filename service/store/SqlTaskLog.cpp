@@ -7,37 +7,28 @@ using soci::into;
 using soci::use;
 
 void SqlStore::addLog(const LogEntry& e) {
-    const long long time = e.time;
-    run("INSERT INTO task_log (dept_id, task_id, log_id, username, op_time, kind, source_id, source_name, source_uuid, "
+    m_statements.run(
+        "INSERT INTO task_log (dept_id, task_id, log_id, username, op_time, kind, source_id, source_name, source_uuid, "
         "source_md5, source_size, source_extension) VALUES (:dept, :task, :id, :username, :time, :kind, :sid, :sname, "
         ":suuid, :smd5, :ssize, :sext)",
-        use(e.deptId, "dept"), use(e.taskId, "task"), use(e.id, "id"), use(e.username, "username"), use(time, "time"),
+        use(e.deptId, "dept"), use(e.taskId, "task"), use(e.id, "id"), use(e.username, "username"), use(e.time, "time"),
         use(e.kind, "kind"), use(e.sourceId, "sid"), use(e.sourceName, "sname"), use(e.sourceUuid, "suuid"),
         use(e.sourceMd5, "smd5"), use(e.sourceSize, "ssize"), use(e.sourceExtension, "sext"));
 }
 
 void SqlStore::addLogForSubtree(const LogEntry& e, const std::string& catalogId) {
-    const long long time = e.time;
-    run(queries::LogSubtreeTasks, use(catalogId, "id"), use(e.deptId, "dept"), use(e.id, "log"),
-        use(e.username, "username"), use(time, "time"), use(e.kind, "kind"));
+    m_statements.run(queries::LogSubtreeTasks, use(catalogId, "id"), use(e.deptId, "dept"), use(e.id, "log"),
+                     use(e.username, "username"), use(e.time, "time"), use(e.kind, "kind"));
 }
 
 std::vector<LogEntry> SqlStore::logOf(const std::string& deptId, const std::string& taskId) {
-    std::vector<LogEntry> found;
     LogEntry e;
     e.deptId = deptId;
     e.taskId = taskId;
-    long long time = 0;
-    soci::statement rows =
-        (m_sql->prepare << queries::LogOfTask, into(e.id), into(e.username), into(time), into(e.kind), into(e.sourceId),
-         into(e.sourceName), into(e.sourceUuid), into(e.sourceMd5), into(e.sourceSize), into(e.sourceExtension),
-         into(e.realname), into(e.headUuid), use(deptId, "dept"), use(taskId, "id"));
-    rows.execute();
-    while (rows.fetch()) {
-        e.time = time;
-        found.push_back(e);
-    }
-    return found;
+    return m_statements.list(queries::LogOfTask, e, into(e.id), into(e.username), into(e.time), into(e.kind),
+                             into(e.sourceId), into(e.sourceName), into(e.sourceUuid), into(e.sourceMd5),
+                             into(e.sourceSize), into(e.sourceExtension), into(e.realname), into(e.headUuid),
+                             use(deptId, "dept"), use(taskId, "id"));
 }
 
 template <class... Used>
@@ -46,15 +37,15 @@ std::vector<PushConfig> SqlStore::readPushConfigs(const char* query, Used&&... u
     PushConfig c;
     int advance = 0;
     int overdue = 0;
-    soci::statement rows = ((m_sql->prepare << query, into(c.id), into(c.deptId), into(advance), into(c.daysAdvance),
-                             into(c.advanceFrequency), into(overdue), into(c.overdueFrequency)),
-                            ..., used);
-    rows.execute();
-    while (rows.fetch()) {
-        c.notifyAdvance = advance != 0;
-        c.notifyOverdue = overdue != 0;
-        found.push_back(c);
-    }
+    m_statements.each(
+        query,
+        [&] {
+            c.notifyAdvance = advance != 0;
+            c.notifyOverdue = overdue != 0;
+            found.push_back(c);
+        },
+        into(c.id), into(c.deptId), into(advance), into(c.daysAdvance), into(c.advanceFrequency), into(overdue),
+        into(c.overdueFrequency), std::forward<Used>(used)...);
     return found;
 }
 
@@ -76,7 +67,8 @@ std::vector<PushConfig> SqlStore::pushConfigsOfMember(const std::string& usernam
 void SqlStore::putPushConfig(const PushConfig& c) {
     const int advance = c.notifyAdvance ? 1 : 0;
     const int overdue = c.notifyOverdue ? 1 : 0;
-    run("INSERT INTO push_config (dept_id, config_id, notify_advance, days_advance, advance_frequency, notify_overdue, "
+    m_statements.run(
+        "INSERT INTO push_config (dept_id, config_id, notify_advance, days_advance, advance_frequency, notify_overdue, "
         "overdue_frequency) VALUES (:dept, :id, :advance, :days, :afreq, :overdue, :ofreq) "
         "ON CONFLICT (dept_id) DO UPDATE SET config_id = excluded.config_id, "
         "notify_advance = excluded.notify_advance, days_advance = excluded.days_advance, "
@@ -85,29 +77,19 @@ void SqlStore::putPushConfig(const PushConfig& c) {
         use(c.deptId, "dept"), use(c.id, "id"), use(advance, "advance"), use(c.daysAdvance, "days"),
         use(c.advanceFrequency, "afreq"), use(overdue, "overdue"), use(c.overdueFrequency, "ofreq"));
     // The tasks were gone through under other settings, and notes of changes were used up under them.
-    run("DELETE FROM reminder_run WHERE dept_id = :dept", use(c.deptId, "dept"));
+    m_statements.run("DELETE FROM reminder_run WHERE dept_id = :dept", use(c.deptId, "dept"));
 }
 
 std::vector<Department> SqlStore::departmentsOf(const std::string& username) {
-    std::vector<Department> found;
     Department d;
-    soci::statement rows = (m_sql->prepare << queries::DepartmentsOf, into(d.id), into(d.name), into(d.parentId),
-                            use(username, "username"));
-    rows.execute();
-    while (rows.fetch())
-        found.push_back(d);
-    return found;
+    return m_statements.list(queries::DepartmentsOf, d, into(d.id), into(d.name), into(d.parentId),
+                             use(username, "username"));
 }
 
 std::vector<Person> SqlStore::colleaguesOf(const std::string& username) {
-    std::vector<Person> found;
     Person p;
-    soci::statement rows = (m_sql->prepare << queries::ColleaguesOf, into(p.username), into(p.realname),
-                            into(p.headUuid), into(p.deptId), use(username, "username"));
-    rows.execute();
-    while (rows.fetch())
-        found.push_back(p);
-    return found;
+    return m_statements.list(queries::ColleaguesOf, p, into(p.username), into(p.realname), into(p.headUuid),
+                             into(p.deptId), use(username, "username"));
 }
 
 }  // namespace disclosure

@@ -14,39 +14,35 @@ namespace {
 /// Catalogs this small are read through at once, whatever else is asked.
 constexpr std::int64_t SmallCatalog = 1000;
 
+void bindValues(soci::statement& statement, const TaskSql& sql) {
+    for (const auto& [name, value] : sql.values)
+        statement.exchange(use(value, name));
+}
+
 }  // namespace
 
-std::vector<long long> SqlStore::readNumbers(const TaskSql& sql) {
-    std::vector<long long> numbers;
-    long long number = 0;
-    soci::statement rows(*m_sql);
-    rows.exchange(into(number));
-    for (const auto& [name, value] : sql.values)
-        rows.exchange(use(value, name));
-    rows.alloc();
-    rows.prepare(sql.text);
-    rows.define_and_bind();
-    rows.execute();
-    while (rows.fetch())
-        numbers.push_back(number);
+std::vector<std::int64_t> SqlStore::readNumbers(const TaskSql& sql) {
+    std::vector<std::int64_t> numbers;
+    std::int64_t number = 0;
+    m_statements.eachOfOnce(
+        sql.text, [&] { numbers.push_back(number); },
+        [&](soci::statement& statement) {
+            statement.exchange(into(number));
+            bindValues(statement, sql);
+        });
     return numbers;
 }
 
 std::optional<TaskScope> SqlStore::scopeOf(const TaskFilter& filter) {
     TaskScope scope;
     int isTop = 1;
-    long long direct = 0;
-    long long below = 0;
-    long long all = 0;
-    const bool found = [&] {
-        if (filter.catalogId.empty()) {
-            soci::statement row = (m_sql->prepare << queries::DepartmentTasks, into(below), use(filter.deptId, "dept"));
-            return row.execute(true);
-        }
-        soci::statement row = (m_sql->prepare << queries::SubtreeNumbers, into(isTop), into(direct), into(below),
-                               into(all), use(filter.deptId, "dept"), use(filter.catalogId, "id"));
-        return row.execute(true);
-    }();
+    std::int64_t direct = 0;
+    std::int64_t below = 0;
+    std::int64_t all = 0;
+    const bool found = filter.catalogId.empty()
+                           ? m_statements.one(queries::DepartmentTasks, into(below), use(filter.deptId, "dept"))
+                           : m_statements.one(queries::SubtreeNumbers, into(isTop), into(direct), into(below),
+                                              into(all), use(filter.deptId, "dept"), use(filter.catalogId, "id"));
     if (!found)
         return std::nullopt;
     scope.whole = isTop != 0;
@@ -123,33 +119,23 @@ OwnTaskPage SqlStore::pageOwnTasks(const OwnTaskFilter& filter) {
     page.total = readNumbers(sql).front();
 
     OwnTask t;
-    long long plan = 0;
-    long long expiry = 0;
-    long long actual = 0;
-    soci::statement rows(*m_sql);
-    rows.exchange(into(t.id));
-    rows.exchange(into(t.name));
-    rows.exchange(into(plan));
-    rows.exchange(into(expiry));
-    rows.exchange(into(actual));
-    rows.exchange(into(t.status));
-    for (const auto& [name, value] : sql.values)
-        rows.exchange(use(value, name));
-    rows.alloc();
-    rows.prepare(with +
-                 "SELECT t.task_id, t.name, t.plan_disclosure, t.expiry, t.actual_disclosure, "
-                 "CASE WHEN t.deadline <= " +
-                 std::to_string(filter.now) + " THEN 4 ELSE t.state END " + from +
-                 " ORDER BY t.updated_at DESC, t.rid DESC LIMIT " + std::to_string(filter.limit) + " OFFSET " +
-                 std::to_string(filter.offset));
-    rows.define_and_bind();
-    rows.execute();
-    while (rows.fetch()) {
-        t.planDisclosure = plan;
-        t.expiry = expiry;
-        t.actualDisclosure = actual;
-        page.tasks.push_back(t);
-    }
+    m_statements.eachOfOnce(
+        with +
+            "SELECT t.task_id, t.name, t.plan_disclosure, t.expiry, t.actual_disclosure, "
+            "CASE WHEN t.deadline <= " +
+            std::to_string(filter.now) + " THEN 4 ELSE t.state END " + from +
+            " ORDER BY t.updated_at DESC, t.rid DESC LIMIT " + std::to_string(filter.limit) + " OFFSET " +
+            std::to_string(filter.offset),
+        [&] { page.tasks.push_back(t); },
+        [&](soci::statement& statement) {
+            statement.exchange(into(t.id));
+            statement.exchange(into(t.name));
+            statement.exchange(into(t.planDisclosure));
+            statement.exchange(into(t.expiry));
+            statement.exchange(into(t.actualDisclosure));
+            statement.exchange(into(t.status));
+            bindValues(statement, sql);
+        });
     return page;
 }
 

@@ -11,267 +11,188 @@ using soci::use;
 
 namespace {
 
-using TasksByRid = std::unordered_map<long long, Task*>;
+constexpr auto InsertTask =
+    "INSERT INTO task (dept_id, task_id, catalog_id, name, search_name, discloser, construction_start, "
+    "construction_end, plan_disclosure, actual_disclosure, expiry, published, remark, state, deadline, updated_by, "
+    "updated_at, confirmed_at, confirm_remark, urged_at) VALUES (:dept, :id, :catalog, :name, :search, :discloser, "
+    ":start, :end, :plan, :actual, :expiry, :published, :remark, :state, :deadline, :by, :at, :confirmed, :confirm, "
+    ":urged)";
+constexpr auto UpdateTask =
+    "UPDATE task SET catalog_id = :catalog, name = :name, search_name = :search, discloser = :discloser, "
+    "construction_start = :start, construction_end = :end, plan_disclosure = :plan, actual_disclosure = :actual, "
+    "expiry = :expiry, published = :published, remark = :remark, state = :state, deadline = :deadline, "
+    "updated_by = :by, updated_at = :at, confirmed_at = :confirmed, confirm_remark = :confirm, urged_at = :urged "
+    "WHERE dept_id = :dept AND task_id = :id";
 
-std::string listed(const std::vector<long long>& rids) {
+std::string listed(const std::vector<std::int64_t>& rids) {
     std::string text;
-    for (const long long rid : rids)
+    for (const std::int64_t rid : rids)
         text += (text.empty() ? "" : ",") + std::to_string(rid);
     return text;
 }
 
-/// Appends each row of a child table to its task; `fields` say where the columns go.
-template <class Row, class... Fields>
-void readList(soci::session& sql, const std::string& select, const std::string& deptId, const std::string& rids,
-              const TasksByRid& tasks, std::vector<Row> Task::*list, Row& row, Fields&... fields) {
-    long long rid = 0;
-    soci::statement rows = ((sql.prepare << select + " WHERE l.dept_id = :dept AND l.task_rid IN (" + rids +
-                                                ") ORDER BY l.task_rid, l.position",
-                             into(rid)),
-                            ..., into(fields));
-    rows.exchange(use(deptId, "dept"));
-    rows.define_and_bind();
-    rows.execute();
-    while (rows.fetch())
-        (tasks.at(rid)->*list).push_back(row);
-}
-
-void readLists(soci::session& sql, const std::string& deptId, const std::string& rids, const TasksByRid& tasks) {
-    TaskReceiver receiver;
-    long long confirmedAt = 0;
-    {
-        long long rid = 0;
-        soci::statement rows =
-            (sql.prepare << "SELECT l.task_rid, l.receiver_id, l.username, l.confirmed_at, COALESCE(p.realname, ''), "
-                            "COALESCE(p.head_uuid, '') FROM task_receiver l LEFT JOIN person p ON p.username = "
-                            "l.username WHERE l.dept_id = :dept AND l.task_rid IN (" +
-                                rids + ") ORDER BY l.task_rid, l.position",
-             into(rid), into(receiver.id), into(receiver.username), into(confirmedAt), into(receiver.realname),
-             into(receiver.headUuid), use(deptId, "dept"));
-        rows.execute();
-        while (rows.fetch()) {
-            receiver.confirmedAt = confirmedAt;
-            tasks.at(rid)->receivers.push_back(receiver);
-        }
-    }
-    TaskViewport viewport;
-    readList(sql, "SELECT l.task_rid, l.link_id, l.ppid, l.viewport_id FROM task_viewport l", deptId, rids, tasks,
-             static_cast<std::vector<TaskViewport> Task::*>(&Task::viewports), viewport, viewport.id, viewport.ppid,
-             viewport.viewportId);
-    TaskNode node;
-    readList(sql, "SELECT l.task_rid, l.link_id, l.ppid, l.node_id FROM task_node l", deptId, rids, tasks,
-             static_cast<std::vector<TaskNode> Task::*>(&Task::nodes), node, node.id, node.ppid, node.nodeId);
-    TaskDoc doc;
-    readList(sql,
-             "SELECT l.task_rid, l.doc_id, l.ppid, l.name, l.uuid, l.md5, l.size, l.extension, l.source_type, "
-             "l.ref_doc_id FROM task_doc l",
-             deptId, rids, tasks, static_cast<std::vector<TaskDoc> Task::*>(&Task::docs), doc, doc.id, doc.ppid,
-             doc.name, doc.uuid, doc.md5, doc.size, doc.extension, doc.sourceType, doc.refDocId);
-    TaskAttachment file;
-    readList(sql,
-             "SELECT l.task_rid, l.attachment_id, l.name, l.uuid, l.md5, l.size, l.extension, l.thumbnail_uuid, "
-             "l.thumbnail_md5, l.thumbnail_size FROM task_attachment l",
-             deptId, rids, tasks, &Task::attachments, file, file.id, file.name, file.uuid, file.md5, file.size,
-             file.extension, file.thumbnailUuid, file.thumbnailMd5, file.thumbnailSize);
-}
-
 }  // namespace
 
-std::vector<Task> SqlStore::readTasks(const std::string& deptId, const std::vector<long long>& rids) {
+/// `each` runs a query, given what is called after each row and what the row goes to.
+template <class Each>
+void SqlStore::readLists(const Each& each, const std::string& deptId, const std::string& rids,
+                         const std::unordered_map<std::int64_t, Task*>& tasks) {
+    const auto read = [&](const char* columns, const auto& row, const auto& add, auto&&... fields) {
+        std::int64_t rid = 0;
+        each(
+            std::string("SELECT l.task_rid, ") + columns + " WHERE l.dept_id = :dept AND l.task_rid IN (" + rids +
+                ") ORDER BY l.task_rid, l.position",
+            [&] { add(*tasks.at(rid), row); }, into(rid), into(fields)..., use(deptId, "dept"));
+    };
+    TaskReceiver receiver;
+    read(
+        "l.receiver_id, l.username, l.confirmed_at, COALESCE(p.realname, ''), COALESCE(p.head_uuid, '') "
+        "FROM task_receiver l LEFT JOIN person p ON p.username = l.username",
+        receiver, [](Task& task, const TaskReceiver& row) { task.receivers.push_back(row); }, receiver.id,
+        receiver.username, receiver.confirmedAt, receiver.realname, receiver.headUuid);
+    TaskViewport viewport;
+    read(
+        "l.link_id, l.ppid, l.viewport_id FROM task_viewport l", viewport,
+        [](Task& task, const TaskViewport& row) { task.viewports.push_back(row); }, viewport.id, viewport.ppid,
+        viewport.viewportId);
+    TaskNode node;
+    read(
+        "l.link_id, l.ppid, l.node_id FROM task_node l", node,
+        [](Task& task, const TaskNode& row) { task.nodes.push_back(row); }, node.id, node.ppid, node.nodeId);
+    TaskDoc doc;
+    read(
+        "l.doc_id, l.ppid, l.name, l.uuid, l.md5, l.size, l.extension, l.source_type, l.ref_doc_id FROM task_doc l",
+        doc, [](Task& task, const TaskDoc& row) { task.docs.push_back(row); }, doc.id, doc.ppid, doc.name, doc.uuid,
+        doc.md5, doc.size, doc.extension, doc.sourceType, doc.refDocId);
+    TaskAttachment file;
+    read(
+        "l.attachment_id, l.name, l.uuid, l.md5, l.size, l.extension, l.thumbnail_uuid, l.thumbnail_md5, "
+        "l.thumbnail_size FROM task_attachment l",
+        file, [](Task& task, const TaskAttachment& row) { task.attachments.push_back(row); }, file.id, file.name,
+        file.uuid, file.md5, file.size, file.extension, file.thumbnailUuid, file.thumbnailMd5, file.thumbnailSize);
+}
+
+std::vector<Task> SqlStore::readTasks(const std::string& deptId, const std::vector<std::int64_t>& rids) {
     std::vector<Task> tasks(rids.size());
     if (rids.empty())
         return tasks;
-    TasksByRid byRid;
+    std::unordered_map<std::int64_t, Task*> byRid;
     for (std::size_t i = 0; i < rids.size(); ++i)
         byRid[rids[i]] = &tasks[i];
 
-    Task t;
-    t.deptId = deptId;
-    long long rid = 0;
-    long long times[8] = {};
-    int published = 0;
-    const std::string in = listed(rids);
-    {
-        soci::statement rows =
-            (m_sql->prepare << std::string(queries::TaskRows) + in + ")", into(rid), into(t.id), into(t.catalogId),
-             into(t.name), into(t.discloser), into(times[0]), into(times[1]), into(times[2]), into(times[3]),
-             into(times[4]), into(published), into(t.remark), into(t.updatedBy), into(times[5]), into(times[6]),
-             into(t.confirmRemark), into(times[7]), into(t.deptName), into(t.discloserRealname),
-             into(t.discloserHeadUuid), into(t.updatedByName), use(deptId, "dept"));
-        rows.execute();
-        while (rows.fetch()) {
-            t.rid = rid;
-            t.published = published != 0;
-            t.constructionStart = times[0];
-            t.constructionEnd = times[1];
-            t.planDisclosure = times[2];
-            t.actualDisclosure = times[3];
-            t.expiry = times[4];
-            t.updatedAt = times[5];
-            t.confirmedAt = times[6];
-            t.urgedAt = times[7];
-            *byRid.at(rid) = t;
-        }
+    const auto readAll = [&](const auto& each, const std::string& in) {
+        Task t;
+        t.deptId = deptId;
+        int published = 0;
+        each(
+            queries::TaskRows + in + ")",
+            [&] {
+                t.published = published != 0;
+                *byRid.at(t.rid) = t;
+            },
+            into(t.rid), into(t.id), into(t.catalogId), into(t.name), into(t.discloser), into(t.constructionStart),
+            into(t.constructionEnd), into(t.planDisclosure), into(t.actualDisclosure), into(t.expiry), into(published),
+            into(t.remark), into(t.updatedBy), into(t.updatedAt), into(t.confirmedAt), into(t.confirmRemark),
+            into(t.urgedAt), into(t.deptName), into(t.discloserRealname), into(t.discloserHeadUuid),
+            into(t.updatedByName), use(deptId, "dept"));
+        readLists(each, deptId, in, byRid);
+    };
+    if (rids.size() == 1) {
+        // The one text that is always the same, so that it can be kept.
+        const auto each = [&](const std::string& text, const auto& take, auto&&... bound) {
+            m_statements.each(text, take, bound..., use(rids.front(), "rid"));
+        };
+        readAll(each, ":rid");
+    } else {
+        const auto each = [this](const std::string& text, const auto& take, auto&&... bound) {
+            m_statements.eachOfOnce(text, take, [&](soci::statement& statement) { (statement.exchange(bound), ...); });
+        };
+        readAll(each, listed(rids));
     }
-    readLists(*m_sql, deptId, in, byRid);
     return tasks;
 }
 
 std::optional<Task> SqlStore::task(const std::string& deptId, const std::string& id) {
-    long long rid = 0;
-    soci::statement row = (m_sql->prepare << queries::TaskRid, into(rid), use(deptId, "dept"), use(id, "id"));
-    if (!row.execute(true))
+    std::int64_t rid = 0;
+    if (!m_statements.one(queries::TaskRid, into(rid), use(deptId, "dept"), use(id, "id")))
         return std::nullopt;
     return std::move(readTasks(deptId, {rid}).front());
 }
 
 std::vector<TaskKey> SqlStore::tasksOfPerson(const std::string& username, const std::string& id) {
-    std::vector<TaskKey> found;
     TaskKey key;
-    long long rid = 0;
-    soci::statement rows = (m_sql->prepare << queries::TasksOfPerson, into(rid), into(key.deptId), into(key.id),
-                            use(username, "username"), use(id, "id"));
-    rows.execute();
-    while (rows.fetch()) {
-        key.rid = rid;
-        found.push_back(key);
-    }
-    return found;
+    return m_statements.list(queries::TasksOfPerson, key, into(key.rid), into(key.deptId), into(key.id),
+                             use(username, "username"), use(id, "id"));
 }
 
 bool SqlStore::isOfOrganisation(const std::string& username, const std::string& deptId) {
-    long long roots = 0;
-    soci::statement row =
-        (m_sql->prepare << queries::SameOrganisation, into(roots), use(username, "username"), use(deptId, "dept"));
-    row.execute(true);
-    return roots > 0;
+    return readNumber(queries::SameOrganisation, use(username, "username"), use(deptId, "dept")) > 0;
 }
 
 void SqlStore::addTask(const Task& task) {
-    run("INSERT INTO task (dept_id, task_id, catalog_id, name, search_name) VALUES (:dept, :id, :catalog, :name, "
-        ":search)",
-        use(task.deptId, "dept"), use(task.id, "id"), use(task.catalogId, "catalog"), use(task.name, "name"),
-        use(searchForm(task.name), "search"));
+    writeTask(InsertTask, task);
     Task stored = task;
-    long long rid = 0;
-    soci::statement row = (m_sql->prepare << queries::TaskRid, into(rid), use(task.deptId, "dept"), use(task.id, "id"));
-    row.execute(true);
-    stored.rid = rid;
-    writeTask(stored);
-    writeLists(stored, true);
+    stored.rid = readNumber(queries::TaskRid, use(task.deptId, "dept"), use(task.id, "id"));
+    addLists(stored);
 }
 
 void SqlStore::putTask(const Task& task) {
-    writeTask(task);
-    writeLists(task, false);
+    writeTask(UpdateTask, task);
+    replaceLists(task);
 }
 
-void SqlStore::writeTask(const Task& t) {
-    const long long rid = t.rid;
-    const int published = t.published ? 1 : 0;
-    const int state = static_cast<int>(t.state());
-    const long long deadline = t.deadline();
-    const long long start = t.constructionStart;
-    const long long end = t.constructionEnd;
-    const long long plan = t.planDisclosure;
-    const long long actual = t.actualDisclosure;
-    const long long expiry = t.expiry;
-    const long long updatedAt = t.updatedAt;
-    const long long confirmedAt = t.confirmedAt;
-    const long long urgedAt = t.urgedAt;
-    const std::string search = searchForm(t.name);
-    run("UPDATE task SET catalog_id = :catalog, name = :name, search_name = :search, discloser = :discloser, "
-        "construction_start = :start, construction_end = :end, plan_disclosure = :plan, actual_disclosure = :actual, "
-        "expiry = :expiry, published = :published, remark = :remark, state = :state, deadline = :deadline, "
-        "updated_by = :by, updated_at = :at, confirmed_at = :confirmed, confirm_remark = :confirm, urged_at = :urged "
-        "WHERE rid = :rid",
-        use(t.catalogId, "catalog"), use(t.name, "name"), use(search, "search"), use(t.discloser, "discloser"),
-        use(start, "start"), use(end, "end"), use(plan, "plan"), use(actual, "actual"), use(expiry, "expiry"),
-        use(published, "published"), use(t.remark, "remark"), use(state, "state"), use(deadline, "deadline"),
-        use(t.updatedBy, "by"), use(updatedAt, "at"), use(confirmedAt, "confirmed"), use(t.confirmRemark, "confirm"),
-        use(urgedAt, "urged"), use(rid, "rid"));
+void SqlStore::writeTask(const char* statement, const Task& t) {
+    m_statements.run(statement, use(t.deptId, "dept"), use(t.id, "id"), use(t.catalogId, "catalog"),
+                     use(t.name, "name"), use(searchForm(t.name), "search"), use(t.discloser, "discloser"),
+                     use(t.constructionStart, "start"), use(t.constructionEnd, "end"), use(t.planDisclosure, "plan"),
+                     use(t.actualDisclosure, "actual"), use(t.expiry, "expiry"), use(t.published ? 1 : 0, "published"),
+                     use(t.remark, "remark"), use(static_cast<int>(t.state()), "state"), use(t.deadline(), "deadline"),
+                     use(t.updatedBy, "by"), use(t.updatedAt, "at"), use(t.confirmedAt, "confirmed"),
+                     use(t.confirmRemark, "confirm"), use(t.urgedAt, "urged"));
 }
 
 void SqlStore::removeTask(const TaskKey& key) {
-    const long long rid = key.rid;
-    run("DELETE FROM task WHERE dept_id = :dept AND rid = :rid", use(key.deptId, "dept"), use(rid, "rid"));
+    m_statements.run("DELETE FROM task WHERE dept_id = :dept AND rid = :rid", use(key.deptId, "dept"),
+                     use(key.rid, "rid"));
 }
 
-namespace {
+void SqlStore::replaceLists(const Task& task) {
+    for (const char* table : {"task_receiver", "task_viewport", "task_node", "task_doc", "task_attachment"})
+        m_statements.run(std::string("DELETE FROM ") + table + " WHERE dept_id = :dept AND task_rid = :rid",
+                         use(task.deptId, "dept"), use(task.rid, "rid"));
+    addLists(task);
+}
 
-/// Writes one list, in place of what there is unless the task is new; `bind` names the element's own columns.
-template <class Row, class Bind>
-void writeList(soci::session& sql, const char* table, const char* columns, const Task& task, bool isNew,
-               const std::vector<Row>& list, Bind&& bind) {
-    const long long rid = task.rid;
-    if (!isNew)
-        sql << std::string("DELETE FROM ") + table + " WHERE dept_id = :dept AND task_rid = :rid",
-            use(task.deptId, "dept"), use(rid, "rid");
-    if (list.empty())
-        return;
-    Row row;
+void SqlStore::addLists(const Task& task) {
     int position = 0;
-    soci::statement insert(sql);
-    insert.exchange(use(task.deptId, "dept"));
-    insert.exchange(use(rid, "rid"));
-    insert.exchange(use(position, "position"));
-    bind(insert, row);
-    insert.alloc();
-    insert.prepare(std::string("INSERT INTO ") + table + " VALUES (:dept, :rid, :position, " + columns + ")");
-    insert.define_and_bind();
-    for (const Row& element : list) {
-        row = element;
-        insert.execute(true);
+    const auto add = [&](const char* statement, auto&&... used) {
+        m_statements.run(statement, use(task.deptId, "dept"), use(task.rid, "rid"), use(position, "position"), used...);
         ++position;
-    }
-}
-
-}  // namespace
-
-void SqlStore::writeLists(const Task& task, bool isNew) {
-    std::vector<std::pair<TaskReceiver, long long>> receivers;
-    for (const TaskReceiver& receiver : task.receivers)
-        receivers.emplace_back(receiver, receiver.confirmedAt);
-    writeList(*m_sql, "task_receiver", ":id, :username, :confirmed", task, isNew, receivers,
-              [](auto& insert, auto& row) {
-                  insert.exchange(use(row.first.id, "id"));
-                  insert.exchange(use(row.first.username, "username"));
-                  insert.exchange(use(row.second, "confirmed"));
-              });
-    writeList(*m_sql, "task_viewport", ":id, :ppid, :target", task, isNew, task.viewports, [](auto& insert, auto& row) {
-        insert.exchange(use(row.id, "id"));
-        insert.exchange(use(row.ppid, "ppid"));
-        insert.exchange(use(row.viewportId, "target"));
-    });
-    writeList(*m_sql, "task_node", ":id, :ppid, :target", task, isNew, task.nodes, [](auto& insert, auto& row) {
-        insert.exchange(use(row.id, "id"));
-        insert.exchange(use(row.ppid, "ppid"));
-        insert.exchange(use(row.nodeId, "target"));
-    });
-    writeList(*m_sql, "task_doc", ":id, :ppid, :name, :uuid, :md5, :size, :extension, :source, :ref", task, isNew,
-              task.docs, [](auto& insert, auto& row) {
-                  insert.exchange(use(row.id, "id"));
-                  insert.exchange(use(row.ppid, "ppid"));
-                  insert.exchange(use(row.name, "name"));
-                  insert.exchange(use(row.uuid, "uuid"));
-                  insert.exchange(use(row.md5, "md5"));
-                  insert.exchange(use(row.size, "size"));
-                  insert.exchange(use(row.extension, "extension"));
-                  insert.exchange(use(row.sourceType, "source"));
-                  insert.exchange(use(row.refDocId, "ref"));
-              });
-    writeList(*m_sql, "task_attachment", ":id, :name, :uuid, :md5, :size, :extension, :thumb, :thumbmd5, :thumbsize",
-              task, isNew, task.attachments, [](auto& insert, auto& row) {
-                  insert.exchange(use(row.id, "id"));
-                  insert.exchange(use(row.name, "name"));
-                  insert.exchange(use(row.uuid, "uuid"));
-                  insert.exchange(use(row.md5, "md5"));
-                  insert.exchange(use(row.size, "size"));
-                  insert.exchange(use(row.extension, "extension"));
-                  insert.exchange(use(row.thumbnailUuid, "thumb"));
-                  insert.exchange(use(row.thumbnailMd5, "thumbmd5"));
-                  insert.exchange(use(row.thumbnailSize, "thumbsize"));
-              });
+    };
+    for (const TaskReceiver& r : task.receivers)
+        add("INSERT INTO task_receiver VALUES (:dept, :rid, :position, :id, :username, :confirmed)", use(r.id, "id"),
+            use(r.username, "username"), use(r.confirmedAt, "confirmed"));
+    position = 0;
+    for (const TaskViewport& v : task.viewports)
+        add("INSERT INTO task_viewport VALUES (:dept, :rid, :position, :id, :ppid, :target)", use(v.id, "id"),
+            use(v.ppid, "ppid"), use(v.viewportId, "target"));
+    position = 0;
+    for (const TaskNode& n : task.nodes)
+        add("INSERT INTO task_node VALUES (:dept, :rid, :position, :id, :ppid, :target)", use(n.id, "id"),
+            use(n.ppid, "ppid"), use(n.nodeId, "target"));
+    position = 0;
+    for (const TaskDoc& d : task.docs)
+        add("INSERT INTO task_doc VALUES (:dept, :rid, :position, :id, :ppid, :name, :uuid, :md5, :size, :extension, "
+            ":source, :ref)",
+            use(d.id, "id"), use(d.ppid, "ppid"), use(d.name, "name"), use(d.uuid, "uuid"), use(d.md5, "md5"),
+            use(d.size, "size"), use(d.extension, "extension"), use(d.sourceType, "source"), use(d.refDocId, "ref"));
+    position = 0;
+    for (const TaskAttachment& f : task.attachments)
+        add("INSERT INTO task_attachment VALUES (:dept, :rid, :position, :id, :name, :uuid, :md5, :size, :extension, "
+            ":thumb, :thumbmd5, :thumbsize)",
+            use(f.id, "id"), use(f.name, "name"), use(f.uuid, "uuid"), use(f.md5, "md5"), use(f.size, "size"),
+            use(f.extension, "extension"), use(f.thumbnailUuid, "thumb"), use(f.thumbnailMd5, "thumbmd5"),
+            use(f.thumbnailSize, "thumbsize"));
 }
 
 }  // namespace disclosure

@@ -69,6 +69,8 @@ std::unique_ptr<soci::session> open(const std::string& path) {
     *sql << "PRAGMA foreign_keys = ON";
     // Kibibytes of a connection: enough for the inner pages of every index of a million tasks.
     *sql << "PRAGMA cache_size = -16384";
+    // What a statement needs to undo itself, which most never do.
+    *sql << "PRAGMA temp_store = MEMORY";
     // SOCI declares SQLite within a namespace of its own.
     auto* backend = static_cast<soci::sqlite3_session_backend*>(sql->get_backend());
     installNameGrams(reinterpret_cast<::sqlite3*>(backend->conn_));
@@ -76,6 +78,11 @@ std::unique_ptr<soci::session> open(const std::string& path) {
 }
 
 }  // namespace
+
+std::string logTextOf(const std::exception& error) {
+    const auto* failure = dynamic_cast<const soci::soci_error*>(&error);
+    return failure ? failure->get_error_message() : error.what();
+}
 
 bool isDatabaseFull(const std::exception& error) {
     const auto* failure = dynamic_cast<const soci::sqlite3_soci_error*>(&error);

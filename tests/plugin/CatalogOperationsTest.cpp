@@ -101,12 +101,18 @@ TEST_F(CatalogOperationsTest, ARefusalIsReportedOnce) {
 
 TEST_F(CatalogOperationsTest, BrokenTrafficIsSilentAndChangesNothing) {
     for (const auto& broken :
-         {RawHttpServer::json("", "404 Not Found"), RawHttpServer::json("{"), RawHttpServer::json("null"),
-          RawHttpServer::json(R"({"success":true,"msg":"x","result":[{"id":"a"}]})"),
+         {RawHttpServer::json("", "404 Not Found"), RawHttpServer::json("{"),
           RawHttpServer::json(R"({"code":200,"result":[{"id":"a"},{"id":5}]})"),
           RawHttpServer::text("200 OK", "Content-Type: text/plain\r\n", "{}"), RawHttpServer::Answer{"HTTP", true}}) {
         answer(broken);
         EXPECT_FALSE(list()) << broken.bytes;
+    }
+    EXPECT_THAT(host.rest.reported, IsEmpty());
+    for (const char* uncoded : {"null", R"({"success":true,"msg":"x","result":[{"id":"a"}]})"}) {
+        answer(RawHttpServer::json(uncoded));
+        EXPECT_FALSE(list());
+        EXPECT_EQ(host.rest.reported.size(), 1u) << "no code is not 200";
+        host.rest.reported.clear();
     }
     host.web.address = L"127.0.0.1:1";
     EXPECT_FALSE(list());

@@ -91,7 +91,7 @@ TEST_F(TaskQueriesTest, TheCacheIsTheLastPageThatSucceeded) {
     tasks.resize(1);
     tasks[0].id = L"of the caller";
     EXPECT_TRUE(manager.PageTasks(query, tasks, total));
-    EXPECT_FALSE(isCached(L"of the caller"));
+    EXPECT_TRUE(isCached(L"of the caller")) << "the cache is the list as the caller has it now";
 
     ASSERT_TRUE(page(R"({"result":[{"id":"a"}],"totalCount":1})"));
     for (const char* broken : {R"({"result":[{"id":"b"},{"id":7}]})", R"([])", "null"}) {

@@ -53,7 +53,7 @@ const Row Table[] = {
     {"POST", "/rs/disclosure/task/save",
      R"({"id":"new","deptId":"{dept}","disclosureCatalogId":"{catalog}","name":"新"})", 403, 200, 200, 403, 403, 404},
     {"POST", "/rs/disclosure/task/update", R"({"id":"{plan}","name":"改"})", 403, 200, 200, 403, 403, 404},
-    {"POST", "/rs/disclosure/task/update", R"({"id":"{task}","disclosureCatalogId":"{catalog}"})", 403, 200, 200, 403,
+    {"POST", "/rs/disclosure/task/update", R"({"id":"{task}","disclosureCatalogId":"{catalog}"})", 403, 403, 200, 403,
      403, 403},
     {"DELETE", "/rs/disclosure/task/batchdelete", R"({"ids":["{task}"]})", 403, 403, 200, 403, 403, 403},
     {"POST", "/rs/disclosure/task/save_operation_log", R"({"id":"l","disclosureTaskId":"{task}","opType":100})", 200,

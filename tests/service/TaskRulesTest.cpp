@@ -193,6 +193,19 @@ TEST_F(TaskRules, ANewerVersionIsNotOverwritten) {
     EXPECT_EQ(update("t", R"(,"name":"五")").code(), 200) << "a client that names none";
 }
 
+TEST_F(TaskRules, WhoMayDeleteMayMoveAndNothingElse) {
+    service.database().connect()->putRights(FirstDept, "reader", {Right::DeleteTasks});
+    save(taskBody("a", "任务"));
+    Client client = service.loggedIn("reader");
+    const auto change = [&](const char* what) {
+        return client.post(TaskPath + "update", std::string(R"({"id":"a")") + what + "}").code();
+    };
+    EXPECT_EQ(change(R"(,"name":"改")"), 403);
+    EXPECT_EQ(change(R"(,"name":"改","disclosureCatalogId":"demo-catalog-17")"), 403);
+    EXPECT_EQ(change(R"(,"disclosureCatalogId":"demo-catalog-17")"), 200);
+    EXPECT_EQ(change(R"(,"disclosureCatalogId":"demo-catalog-17")"), 200) << "the answer to the first may be lost";
+}
+
 TEST_F(TaskRules, CountsFollowMovesAndDeletions) {
     for (const char* id : {"a", "b", "c"})
         ASSERT_EQ(save(taskBody(id, id)).code(), 200);

@@ -1,0 +1,26 @@
+#include "service/store/Statements.h"
+
+#include <exception>
+
+namespace disclosure {
+
+Statements::Kept::Kept(Statements& owner, std::string_view text)
+    : m_owner(owner), m_failuresBefore(std::uncaught_exceptions()) {
+    std::string key(text);
+    m_entry = owner.m_kept.find(key);
+    if (m_entry != owner.m_kept.end())
+        return;
+    soci::statement statement(owner.m_sql);
+    statement.alloc();
+    statement.prepare(key);
+    m_entry = owner.m_kept.emplace(std::move(key), std::move(statement)).first;
+}
+
+Statements::Kept::~Kept() {
+    if (std::uncaught_exceptions() > m_failuresBefore)
+        m_owner.m_kept.erase(m_entry);
+    else
+        m_entry->second.bind_clean_up();
+}
+
+}  // namespace disclosure

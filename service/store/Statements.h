@@ -1,0 +1,101 @@
+#pragma once
+
+#include <functional>
+#include <soci/soci.h>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace disclosure {
+
+/// The statements of one connection. Those that are known beforehand are compiled at their first use and kept, because
+/// compiling costs more than most of them take to run. What is bound is given by soci::into and soci::use; it must
+/// outlive the call only.
+class Statements {
+public:
+    explicit Statements(soci::session& sql) : m_sql(sql) {}
+
+    /// Runs a statement without rows; returns how many it has changed.
+    template <class... Bound>
+    long long run(std::string_view text, Bound&&... bound) {
+        Kept statement(*this, text);
+        statement.bind(std::forward<Bound>(bound)...);
+        statement->execute(true);
+        return statement->get_affected_rows();
+    }
+
+    /// Reads the row of a query that gives one at most; false when there is none.
+    template <class... Bound>
+    bool one(std::string_view text, Bound&&... bound) {
+        bool found = false;
+        each(
+            text, [&found] { found = true; }, std::forward<Bound>(bound)...);
+        return found;
+    }
+
+    /// Calls `take` after every row.
+    template <class Take, class... Bound>
+    void each(std::string_view text, Take&& take, Bound&&... bound) {
+        Kept statement(*this, text);
+        statement.bind(std::forward<Bound>(bound)...);
+        fetchAll(*statement, take);
+    }
+
+    /// The rows, each as it stands in `row` once it has been read.
+    template <class Row, class... Bound>
+    std::vector<Row> list(std::string_view text, const Row& row, Bound&&... bound) {
+        std::vector<Row> found;
+        each(
+            text, [&] { found.push_back(row); }, std::forward<Bound>(bound)...);
+        return found;
+    }
+
+    /// As `each`, for a text that is made for one call, and with what `bind` gives the statement.
+    template <class Take, class Bind>
+    void eachOfOnce(const std::string& text, Take&& take, Bind&& bind) {
+        soci::statement statement(m_sql);
+        statement.alloc();
+        statement.prepare(text);
+        bind(statement);
+        statement.define_and_bind();
+        fetchAll(statement, take);
+    }
+
+private:
+    /// A kept statement while it is in use. What was bound is let go of at the end; a statement that failed on its way
+    /// is thrown away, since an unfinished query would go on seeing the state in which it began.
+    class Kept {
+    public:
+        Kept(Statements& owner, std::string_view text);
+        ~Kept();
+        Kept(const Kept&) = delete;
+        Kept& operator=(const Kept&) = delete;
+
+        template <class... Bound>
+        void bind(Bound&&... bound) {
+            (m_entry->second.exchange(bound), ...);
+            m_entry->second.define_and_bind();
+        }
+        soci::statement& operator*() { return m_entry->second; }
+        soci::statement* operator->() { return &m_entry->second; }
+
+    private:
+        Statements& m_owner;
+        std::unordered_map<std::string, soci::statement>::iterator m_entry;
+        int m_failuresBefore;
+    };
+
+    template <class Take>
+    static void fetchAll(soci::statement& statement, Take& take) {
+        statement.execute();
+        while (statement.fetch())
+            take();
+    }
+
+    soci::session& m_sql;
+    std::unordered_map<std::string, soci::statement> m_kept;
+};
+
+}  // namespace disclosure
