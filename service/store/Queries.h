@@ -70,6 +70,7 @@ inline constexpr auto TasksOfPerson = DISCLOSURE_REACH
     "reach) "
     "OR t.discloser = :username OR (t.published = 1 AND EXISTS (SELECT 1 FROM task_receiver r "
     "WHERE r.dept_id = t.dept_id AND r.task_rid = t.rid AND r.username = :username)))";
+inline constexpr auto MemberOf = "SELECT COUNT(*) FROM member WHERE dept_id = :dept AND username = :username";
 inline constexpr auto SameOrganisation =
     "WITH RECURSIVE up(dept_id, parent_id, side) AS (SELECT d.dept_id, d.parent_id, 0 FROM department d "
     "WHERE d.dept_id = :dept UNION SELECT d.dept_id, d.parent_id, 1 FROM member m CROSS JOIN department d "
@@ -181,19 +182,57 @@ inline constexpr auto RightsOf =
 
 /// Those that must find their rows by a key, however large the tables are.
 inline constexpr const char* Keyed[] = {
-    Catalogs,           CatalogById,        CatalogsOfMember,  ChildNamed,
-    TopCatalogs,        NeighbourBefore,    NeighbourAfter,    CatalogCount,
-    NextSort,           SubtreeTasks,       PersonByName,      SessionByHash,
-    AttemptsOf,         DepartmentById,     DepartmentsFrom,   PeopleFrom,
-    ProjectsOf,         RightsOf,           SubtreeNumbers,    DepartmentTasks,
-    RemoveSubtreeTasks, LogSubtreeTasks,    TaskRid,           TasksOfPerson,
-    SameOrganisation,   LogOfTask,          PushConfigOfDept,  PushConfigsOfMember,
-    DepartmentsOf,      ColleaguesOf,       UndisclosedByPlan, UndisclosedByDeadline,
-    ReminderRunOf,      ChangedTasks,       RemindedPeople,    OldReminders,
-    MessagesOf,         MessageCount,       UnreadCount,       OldMessages,
-    DueMails,           MailsFromTheFuture, FileByUuid,        FileOfPerson,
-    KnownFile,          BytesStored,        BytesComing,       UploadsBefore,
-    References,         LooseFiles,
+    Catalogs,
+    CatalogById,
+    CatalogsOfMember,
+    ChildNamed,
+    TopCatalogs,
+    NeighbourBefore,
+    NeighbourAfter,
+    CatalogCount,
+    NextSort,
+    SubtreeTasks,
+    PersonByName,
+    SessionByHash,
+    AttemptsOf,
+    DepartmentById,
+    DepartmentsFrom,
+    PeopleFrom,
+    ProjectsOf,
+    RightsOf,
+    SubtreeNumbers,
+    DepartmentTasks,
+    RemoveSubtreeTasks,
+    LogSubtreeTasks,
+    TaskRid,
+    TasksOfPerson,
+    MemberOf,
+    SameOrganisation,
+    LogOfTask,
+    PushConfigOfDept,
+    PushConfigsOfMember,
+    DepartmentsOf,
+    ColleaguesOf,
+    UndisclosedByPlan,
+    UndisclosedByDeadline,
+    ReminderRunOf,
+    ChangedTasks,
+    RemindedPeople,
+    OldReminders,
+    MessagesOf,
+    MessageCount,
+    UnreadCount,
+    OldMessages,
+    DueMails,
+    MailsFromTheFuture,
+    FileByUuid,
+    FileOfPerson,
+    KnownFile,
+    BytesStored,
+    BytesComing,
+    UploadsBefore,
+    References,
+    LooseFiles,
 };
 
 #undef DISCLOSURE_REACH

@@ -126,7 +126,9 @@ std::vector<TaskKey> SqlStore::tasksOfPerson(const std::string& username, const 
 }
 
 bool SqlStore::isOfOrganisation(const std::string& username, const std::string& deptId) {
-    return readNumber(queries::SameOrganisation, use(username, "username"), use(deptId, "dept")) > 0;
+    // Most are of the department itself, and that is told without going up and down the tree.
+    return readNumber(queries::MemberOf, use(deptId, "dept"), use(username, "username")) > 0 ||
+           readNumber(queries::SameOrganisation, use(username, "username"), use(deptId, "dept")) > 0;
 }
 
 void SqlStore::addTask(const Task& task) {
