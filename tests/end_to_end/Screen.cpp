@@ -15,7 +15,7 @@
 namespace screen {
 namespace {
 
-constexpr int kPatience = 10000;  // milliseconds
+constexpr int kPatience = 30000;  // milliseconds
 constexpr int kStepsToClick = 100;
 constexpr int kCatalogsEnd = 200;  // where the left half of the main window ends
 

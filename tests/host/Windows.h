@@ -22,7 +22,7 @@ Widget* showing(const QWidget& parent, const QString& text) {
 
 /// Waits, within reason.
 inline bool comesTrue(const std::function<bool()>& what) {
-    return QTest::qWaitFor(what, 10000);
+    return QTest::qWaitFor(what, 30000);
 }
 
 inline workbench::Options optionsFor(const TestPlatform& platform, const QString& plugIns, const QString& data) {

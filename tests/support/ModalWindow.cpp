@@ -1,11 +1,13 @@
 #include "tests/support/ModalWindow.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <utility>
 
 #include <QApplication>
 #include <QDialog>
 #include <QInputMethodEvent>
+#include <QPointer>
 #include <QQmlContext>
 #include <QQuickItem>
 #include <QTest>
@@ -70,7 +72,7 @@ void ModalWindow::run(const std::function<void()>& open, const Steps& steps) {
         if (!view || dialog == below || !view->isExposed())
             return;
         poll.stop();
-        EXPECT_TRUE(QTest::qWaitFor([view] { return QGuiApplication::focusWindow() == view; }))
+        EXPECT_TRUE(QTest::qWaitFor([view] { return QGuiApplication::focusWindow() == view; }, kPatience))
             << "the view has no keyboard";
         done = true;
         ModalWindow window(dialog, view);
@@ -89,7 +91,8 @@ void ModalWindow::run(const std::function<void()>& open, const Steps& steps) {
     EXPECT_TRUE(g_warnings.isEmpty()) << g_warnings.join('\n').toStdString();
     g_warnings = warningsBefore;
     if (below) {
-        EXPECT_TRUE(QTest::qWaitFor([view = ViewOf(below)] { return QGuiApplication::focusWindow() == view; }))
+        EXPECT_TRUE(
+            QTest::qWaitFor([view = ViewOf(below)] { return QGuiApplication::focusWindow() == view; }, kPatience))
             << "the window below has no keyboard";
     }
 }
@@ -144,6 +147,20 @@ void ModalWindow::compose(const QString& preedit, const QString& committed) {
 
 void ModalWindow::settle() {
     QTest::qWait(20);
+    // Views lay out and make their rows for a picture, however long that takes to come.
+    QList<QPointer<QQuickWindow>> views;  // any of them may go meanwhile
+    for (QWindow* window : QGuiApplication::allWindows())
+        views << qobject_cast<QQuickWindow*>(window);
+    for (const QPointer<QQuickWindow>& view : std::as_const(views)) {
+        if (!view || !view->isExposed())
+            continue;
+        const auto isDrawn = std::make_shared<bool>(false);  // a second picture may be told of later
+        const auto drawn = QObject::connect(
+            view, &QQuickWindow::frameSwapped, view, [isDrawn] { *isDrawn = true; }, Qt::QueuedConnection);
+        view->update();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return *isDrawn || !view || !view->isExposed(); }, kPatience));
+        QObject::disconnect(drawn);
+    }
 }
 
 }  // namespace support
