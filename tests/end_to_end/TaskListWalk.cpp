@@ -67,7 +67,7 @@ void filterSortAndPage(QQuickView* view, ServiceProbe& service) {
 
 void changeDate(QQuickView* view, ServiceProbe& service) {
     QQuickItem* cell = rows::findCell(view, [](QQuickItem* item) {
-        return item->property("column") == QStringLiteral("施工开始日期") && item->isEnabled();
+        return item->property("column") == QStringLiteral("施工开始日期") && item->property("editable").toBool();
     });
     expect(cell != nullptr, "the date of an unpublished task can be changed");
     const QString id = rows::taskOf(cell)->property("id").toString();
