@@ -183,10 +183,10 @@ TEST_F(TaskScreen, CellsAreEditedUntilTheTaskIsPublished) {
         settle();
         EXPECT_FALSE(dateCell(window, "t1", "计划交底日期")->property("editable").toBool());
 
-        const QPoint owner = window.text("张伟 (zhangwei)")->mapToScene({5, 5}).toPoint();
+        const QPoint owner = window.text("张伟(zhangwei)")->mapToScene({5, 5}).toPoint();
         QTest::mouseMove(window.view(), owner);
         ModalWindow::settle();
-        QQuickItem* chooser = window.find("currentText", "张伟 (zhangwei)");
+        QQuickItem* chooser = window.find("currentText", "张伟(zhangwei)");
         ASSERT_TRUE(chooser);
         const std::size_t updates = service.updates.size();
         QWheelEvent wheel(owner, window.view()->mapToGlobal(owner), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
@@ -223,7 +223,7 @@ TEST_F(TaskScreen, CellsAreEditedUntilTheTaskIsPublished) {
         ASSERT_EQ(service.updates.size(), updates + 1);
         EXPECT_EQ(service.updates.back().disclosureUserName, L"lina");
         EXPECT_EQ(chooser->property("currentIndex"), 0);
-        EXPECT_EQ(task(0)->property("owner"), "张伟 (zhangwei)");
+        EXPECT_EQ(task(0)->property("owner"), "张伟(zhangwei)");
     });
 }
 

@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include "commands/DisclosureManage/ui/task/BimTreeModel.h"
+#include "commands/DisclosureManage/ui/task/PeopleNames.h"
 #include "sdk/packages/disclosure/Records.h"
 
 /// A new task, or an unpublished one, while it is edited. Dates are texts "yyyy-MM-dd", empty when unset.
@@ -89,6 +90,7 @@ private:
     bool m_isNew;
     DISCLOSUREPACKAGE::TaskRecord m_task;
     CBimTreeModel m_links;
+    PeopleNames m_names;  // the department's people
     bool m_isRelease = false;
     bool m_isSaved = false;
 };

@@ -7,8 +7,8 @@
 #include <QTimer>
 #include <QVariant>
 
-#include "commands/DisclosureManage/ui/task/DiscloserNames.h"
 #include "commands/DisclosureManage/ui/task/MapTaskModel.h"
+#include "commands/DisclosureManage/ui/task/PeopleNames.h"
 
 namespace DISCLOSUREPACKAGE {
 class IDisclosureManageMgr;
@@ -185,7 +185,7 @@ private:
     bool updateTask(TaskModel* task, const std::function<bool(DISCLOSUREPACKAGE::TaskRecord&)>& change);
 
     MapTaskModel* m_taskModel = nullptr;
-    DiscloserNames m_names;  // the department's people at the last refresh
+    PeopleNames m_names;  // the department's people at the last refresh
     QTimer m_timer;
     bool m_forced = false;
     bool m_reread = false;
