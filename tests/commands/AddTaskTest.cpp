@@ -316,6 +316,9 @@ TEST_F(Editor, ShowsAndChangesATaskOfTheList) {
     ModalWindow::run(modify(0), [&](ModalWindow& window) {
         EXPECT_TRUE(window.find("value", "李娜、离职者")) << "who has left the department stays named";
         window.click(window.text("梁柱节点"));
+        const QQuickItem* row = window.text("梁柱节点")->parentItem();
+        EXPECT_GT(row->x(), 0);
+        EXPECT_EQ(row->childItems().first()->width(), row->width() + row->x()) << "the indentation is highlighted too";
         window.key(Qt::Key_Delete);
         EXPECT_FALSE(window.text("梁柱节点"));
         enter(window, "施工开始日期：", "2024-03-02");
