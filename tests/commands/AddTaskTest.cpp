@@ -325,6 +325,7 @@ TEST_F(Editor, ShowsAndChangesATaskOfTheList) {
         enter(window, "施工结束日期：", "2024-03-01");
         EXPECT_TRUE(window.find("value", "2024-03-02"));
         EXPECT_FALSE(window.find("value", "2024-03-01")) << "an end before the start is put back";
+        EXPECT_EQ(host.messages.takeLast(), "日期不能早于2024-03-02");
         QQuickItem* remark = window.find("maxlength", 300);
         remark->forceActiveFocus();
         window.key(Qt::Key_End, Qt::ControlModifier);

@@ -97,6 +97,8 @@ TEST_F(TaskScreen, FiltersGoIntoTheQuery) {
         EXPECT_EQ(list->searchStartDate(), "2024-02-29");
 
         list->setCatalogId("mep");
+        enter(window, window.find("day", "2024-02-29"), "2024-02-30");
+        EXPECT_TRUE(host.messages.takeLast().startsWith("“2024-02-30”不是日期"));
         settle();
         EXPECT_EQ(status->property("currentIndex"), 0);
         EXPECT_FALSE(dateKind->isEnabled());

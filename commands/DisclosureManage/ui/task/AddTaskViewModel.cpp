@@ -179,6 +179,10 @@ void CAddTaskViewModel::onClickUploadDoc() {
     emit connectDocChanged();
 }
 
+void CAddTaskViewModel::onDateRefused(const QString& why) {
+    ShowNotice(why);
+}
+
 void CAddTaskViewModel::onClickViewDocItem(int nIndex) {
     auto* opener = documentOpener();
     if (!opener || nIndex < 0 || nIndex >= static_cast<int>(m_task.disclosureTaskDocList.size()))

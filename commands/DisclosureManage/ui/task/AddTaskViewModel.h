@@ -63,6 +63,8 @@ public slots:
     void onClickDelBIMItem(CBimTreeNode* pNode);
     /// Lets the user choose and upload a local file.
     void onClickUploadDoc();
+    /// A date field did not take what was typed.
+    void onDateRefused(const QString& why);
 
 signals:
     void taskNameChanged();

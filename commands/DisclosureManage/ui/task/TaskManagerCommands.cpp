@@ -97,6 +97,11 @@ void TaskManagerViewModel::OnExportTasksToExcel(const QVariantList& cData) {
 
 void TaskManagerViewModel::onClickPreviewTask(TaskModel* task) {
     const Hold hold(*this);
+void TaskManagerViewModel::onDateRefused(const QString& why) {
+    const Hold hold(*this);
+    ShowNotice(why);
+}
+
     if (task && FindDisclosureManager())
         showNotThereYet();
 }

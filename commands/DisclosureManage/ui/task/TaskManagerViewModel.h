@@ -118,6 +118,8 @@ public slots:
     /// `sDate` is "yyyy-MM-dd", or empty for no date; `sType` the column's title. False when the change was refused.
     bool onEditDate(const QString& sDate, const QString& sType, TaskModel* task);
     void onEditTaskName(TaskModel* task);
+    /// A date field did not take what was typed.
+    void onDateRefused(const QString& why);
 
 signals:
     void taskModelChanged();
