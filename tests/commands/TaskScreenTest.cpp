@@ -1,5 +1,7 @@
 #include <ctime>
 
+#include <QDialog>
+
 #include "tests/commands/TaskWindow.h"
 
 using BASETOOLS::CAuthCodeTool;
@@ -95,10 +97,10 @@ TEST_F(TaskScreen, FiltersGoIntoTheQuery) {
         EXPECT_EQ(service.queries.back().dateType, 1);
         enter(window, window.find("day", QDate::currentDate().toString("yyyy-MM-dd")), "2024-02-29");
         EXPECT_EQ(list->searchStartDate(), "2024-02-29");
-
-        list->setCatalogId("mep");
         enter(window, window.find("day", "2024-02-29"), "2024-02-30");
         EXPECT_TRUE(host.messages.takeLast().startsWith("“2024-02-30”不是日期"));
+
+        list->setCatalogId("mep");
         settle();
         EXPECT_EQ(status->property("currentIndex"), 0);
         EXPECT_FALSE(dateKind->isEnabled());
@@ -233,9 +235,46 @@ TEST_F(TaskScreen, CommandsOfARowReachItsTask) {
     run([&](ModalWindow& window) {
         doubleClick(window, window.text("任务1"));
         EXPECT_EQ(host.messages, QStringList{"已发布的任务暂不支持编辑"});
-        doubleClick(window, window.text("任务0"));
-        EXPECT_EQ(host.messages.back(), "该功能将在后续版本提供");
+        ModalWindow::run([&] { doubleClick(window, window.text("任务0")); },
+                         [](ModalWindow& renaming) { renaming.key(Qt::Key_Escape); });
         EXPECT_EQ(currentRow(window), 0);
+        EXPECT_TRUE(service.updates.empty());
+    });
+}
+
+TEST_F(TaskScreen, ATaskIsRenamed) {
+    run([&](ModalWindow& window) {
+        window.click(window.text("任务0"));
+        ModalWindow::run([&] { window.key(Qt::Key_F2); },
+                         [&](ModalWindow& renaming) {
+                             const QQuickItem* field = renaming.find("name", "任务名称：");
+                             const auto value = [field] { return field->property("value").toString(); };
+                             EXPECT_EQ(renaming.dialog()->minimumSize(), QSize(300, 170));
+                             EXPECT_EQ(value(), "任务0");
+                             renaming.type("  ");
+                             renaming.key(Qt::Key_Return);
+                             EXPECT_EQ(host.messages, QStringList{"任务名称不能为空"});
+                             EXPECT_EQ(value(), "");
+                             service.refused = L"update";
+                             renaming.compose("zhu", " 柱钢筋绑扎\n交底 ");
+                             renaming.click(renaming.text("确定"));
+                             EXPECT_TRUE(renaming.dialog()->isVisible());
+                             EXPECT_EQ(value(), "柱钢筋绑扎 交底") << "what the service refuses is kept";
+                             EXPECT_TRUE(window.text("任务0"));
+                             service.refused.clear();
+                             service.tasks[0].remark = L"他人的备注";
+                             renaming.compose("2", "二");
+                             renaming.key(Qt::Key_Return);
+                             EXPECT_FALSE(renaming.dialog()->isVisible());
+                         });
+        EXPECT_EQ(task(0)->name(), "柱钢筋绑扎 交底二");
+        settle();
+        EXPECT_EQ(service.tasks[0].name, L"柱钢筋绑扎 交底二");
+        EXPECT_EQ(service.tasks[0].remark, L"他人的备注") << "after a refusal the task is read again";
+        EXPECT_TRUE(window.text("柱钢筋绑扎 交底二"));
+        const std::size_t updates = service.updates.size();
+        ModalWindow::run([&] { window.key(Qt::Key_F2); }, [](ModalWindow& renaming) { renaming.key(Qt::Key_Return); });
+        EXPECT_EQ(service.updates.size(), updates) << "the same name is not stored";
     });
 }
 

@@ -184,6 +184,9 @@ private:
     void showPage(const DISCLOSUREPACKAGE::TaskQuery& query, const std::vector<DISCLOSUREPACKAGE::TaskRecord>& tasks,
                   bool reread = false);
     QVector<TaskModel*> rows(const QVariantList& cData) const;
+    /// The stored task of a row.
+    bool find(DISCLOSUREPACKAGE::IDisclosureManageMgr& manager, const TaskModel& row,
+              DISCLOSUREPACKAGE::TaskRecord& task) const;
     bool updateTask(TaskModel* task, const std::function<bool(DISCLOSUREPACKAGE::TaskRecord&)>& change);
 
     MapTaskModel* m_taskModel = nullptr;

@@ -44,6 +44,7 @@ public:
     void assign(const DISCLOSUREPACKAGE::TaskRecord& record, const PeopleNames& names);
 
     const QString& id() const { return m_id; }
+    const QString& name() const { return m_name; }
     const QString& catalogid() const { return m_catalogid; }
     const QString& owner() const { return m_owner; }
     bool released() const { return m_released; }
