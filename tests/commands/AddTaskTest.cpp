@@ -316,12 +316,16 @@ TEST_F(Editor, ShowsAndChangesATaskOfTheList) {
     ModalWindow::run(modify(0), [&](ModalWindow& window) {
         EXPECT_TRUE(window.find("value", "李娜、离职者")) << "who has left the department stays named";
         window.click(window.text("梁柱节点"));
+        const QQuickItem* row = window.text("梁柱节点")->parentItem();
+        EXPECT_GT(row->x(), 0);
+        EXPECT_EQ(row->childItems().first()->width(), row->width() + row->x()) << "the indentation is highlighted too";
         window.key(Qt::Key_Delete);
         EXPECT_FALSE(window.text("梁柱节点"));
         enter(window, "施工开始日期：", "2024-03-02");
         enter(window, "施工结束日期：", "2024-03-01");
         EXPECT_TRUE(window.find("value", "2024-03-02"));
         EXPECT_FALSE(window.find("value", "2024-03-01")) << "an end before the start is put back";
+        EXPECT_EQ(host.messages.takeLast(), "日期不能早于2024-03-02");
         QQuickItem* remark = window.find("maxlength", 300);
         remark->forceActiveFocus();
         window.key(Qt::Key_End, Qt::ControlModifier);

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QQuickItem>
+#include <QTest>
 
 #include "commands/DisclosureManage/ui/task/SelectOwnerWnd.h"
 #include "commands/DisclosureManage/ui/task/SelectReceiverWnd.h"
@@ -118,6 +119,10 @@ TEST_F(Pickers, OwnerIsAPersonNeverADepartment) {
                   EXPECT_FALSE(highlighted("钢筋组"));
                   window.click(window.text("张伟(zhangwei2)"));
                   EXPECT_TRUE(highlighted("张伟(zhangwei2)"));
+                  const QQuickItem* ok = window.text("确定");
+                  EXPECT_EQ(ok->mapToScene({0, ok->height()}).y(), window.view()->height() - 10);
+                  QTest::mouseDClick(window.view(), Qt::LeftButton, {}, {30, 15});
+                  EXPECT_TRUE(window.dialog()->isMaximized());
                   window.click(window.text("确定"));
               }),
               L"zhangwei2 张伟");
@@ -151,6 +156,7 @@ TEST_F(Pickers, ReceiversAreCheckedSearchedAndTakenOut) {
         [](ModalWindow& window) {
             EXPECT_TRUE(window.text("  选择接受交底人"));
             EXPECT_EQ(chips(window), (QStringList{"离职者", "李娜"}));
+            EXPECT_EQ(window.button("展开一级")->height(), window.find("placeholderText", "搜索联系人")->height());
             check(window, "钢筋组");
             EXPECT_EQ(chips(window), (QStringList{"离职者", "李娜", "张伟(zhangwei)", "张伟(zhangwei2)", "noname"}));
             EXPECT_TRUE(window.text("已选择（人）：5"));
@@ -160,7 +166,8 @@ TEST_F(Pickers, ReceiversAreCheckedSearchedAndTakenOut) {
             EXPECT_EQ(state(window, "钢筋组"), Qt::Checked);
             check(window, "zhangwei");
             search(window, "");
-            EXPECT_EQ(chips(window), (QStringList{"离职者", "李娜", "张伟", "noname"})) << "those hidden stay chosen";
+            EXPECT_EQ(chips(window), (QStringList{"离职者", "李娜", "张伟(zhangwei2)", "noname"}))
+                << "those hidden stay chosen";
 
             QQuickItem* chip = window.find("text", "离职者")->parentItem();
             window.click(chip->childItems().last());

@@ -58,6 +58,9 @@ TEST_F(Remind, FirstSavesThenUpdatesAndIsQuietWithoutAChange) {
                   window.type("45a6");
                   EXPECT_EQ(day->property("text"), "4") << "up to 30, digits only";
                   window.type("x.-");
+                  window.key(Qt::Key_Home);
+                  window.type("+");
+                  EXPECT_EQ(day->property("text"), "4") << "no sign either";
                   ok(window);
               }),
               L"settings of dept | save settings");

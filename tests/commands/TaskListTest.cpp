@@ -288,7 +288,8 @@ TEST_F(TaskList, RowsTellWhatTheRecordSays) {
     task.updateBy = L"lina";
     task.constructionStartDateMills = mills(2024, 2, 29, QTime(8, 30));
     task.disclosureTaskReceiveUserList.resize(2);
-    task.disclosureTaskReceiveUserList[0].userRealname = L"李娜";
+    task.disclosureTaskReceiveUserList[0].userName = L"zhangwei2";
+    task.disclosureTaskReceiveUserList[0].userRealname = L"张伟";
     task.disclosureTaskReceiveUserList[1].userName = L"noname";
     task.disclosureTaskViewportList.resize(1);
     task.disclosureTaskViewportList[0].viewportName = L"视口";
@@ -300,8 +301,8 @@ TEST_F(TaskList, RowsTellWhatTheRecordSays) {
     reread();
     const std::pair<const char*, QString> expected[] = {
         {"status", "交底中"},         {"released", "true"},     {"updateperson", "李娜"},
-        {"start_show", "2024-02-29"}, {"end_show", ""},         {"receiver", "李娜、noname"},
-        {"relBIMs", "视口、节点"},    {"relFiles", "方案.pdf"}, {"owner", "张伟 (zhangwei)"}};
+        {"start_show", "2024-02-29"}, {"end_show", ""},         {"receiver", "张伟(zhangwei2)、noname"},
+        {"relBIMs", "视口、节点"},    {"relFiles", "方案.pdf"}, {"owner", "张伟(zhangwei)"}};
     for (const auto& [property, text] : expected)
         EXPECT_EQ(shown(0, property), text) << property;
     EXPECT_EQ(shown(1, "status"), "");
@@ -310,32 +311,33 @@ TEST_F(TaskList, RowsTellWhatTheRecordSays) {
 
 TEST_F(TaskList, NamesakesAreToldApart) {
     EXPECT_EQ(row(0)->property("ownermodel").toStringList(),
-              (QStringList{"张伟 (zhangwei)", "李娜", "张伟 (zhangwei2)", "noname"}));
-    EXPECT_TRUE(list.onEditOwner("张伟 (zhangwei2)", row(0)));
+              (QStringList{"张伟(zhangwei)", "李娜", "张伟(zhangwei2)", "noname"}));
+    EXPECT_TRUE(list.onEditOwner("张伟(zhangwei2)", row(0)));
     EXPECT_EQ(service.updates.back().disclosureUserName, L"zhangwei2");
     EXPECT_EQ(service.updates.back().name, L"任务0") << "the whole record goes out";
-    EXPECT_EQ(row(0)->property("ownermodel").toStringList().first(), "张伟 (zhangwei2)");
+    EXPECT_EQ(row(0)->property("ownermodel").toStringList().first(), "张伟(zhangwei2)");
 
-    EXPECT_TRUE(list.onEditOwner("张伟 (zhangwei2)", row(0)));
+    EXPECT_TRUE(list.onEditOwner("张伟(zhangwei2)", row(0)));
     EXPECT_FALSE(list.onEditOwner("张伟", row(0)));
     service.refused = L"update";
     EXPECT_FALSE(list.onEditOwner("李娜", row(1)));
-    EXPECT_EQ(shown(1, "owner"), "张伟 (zhangwei)");
+    EXPECT_EQ(shown(1, "owner"), "张伟(zhangwei)");
     EXPECT_EQ(service.updates.size(), 2u);
 }
 
-TEST(DiscloserNames, NoTwoPeopleAreShownAlike) {
+TEST(PeopleNames, NoTwoPeopleAreShownAlike) {
     const std::vector<BASEPACKAGE::UserRecord> department{{L"zhangwei", L"李娜", L"", L""}, {L"李娜", L"", L"", L""},
-                                                          {L"a", L"王 (b)", L"", L""},      {L"b", L"王", L"", L""},
+                                                          {L"a", L"王(b)", L"", L""},       {L"b", L"王", L"", L""},
                                                           {L"c", L"王", L"", L""},          {L"c", L"王", L"", L""}};
-    const DiscloserNames names(department);
-    EXPECT_EQ(names.choices("王 (c)"),
-              (QStringList{"王 (c)", "李娜 (zhangwei)", "李娜 (李娜)", "王 (b)", "王 (b) (b)"}));
+    const PeopleNames names(department);
+    EXPECT_EQ(names.choices("王(c)"), (QStringList{"王(c)", "李娜(zhangwei)", "李娜(李娜)", "王(b)", "王(b)(b)"}));
     for (const auto& person : department)
         EXPECT_EQ(names.userName(names.shown(person.userName)), person.userName);
-    EXPECT_EQ(names.shown(L"x", L"王"), "王 (x)") << "of another department";
+    EXPECT_EQ(names.shown(L"x", L"王"), "王(x)") << "of another department";
     EXPECT_EQ(names.shown(L"x", L"赵"), "赵");
     EXPECT_EQ(names.userName("赵"), L"");
+    EXPECT_EQ(names.shown({{L"c", L"", L"", L""}, {L"x", L"赵", L"", L""}, {L"y", L"赵", L"", L""}}),
+              (QStringList{"王(c)", "赵(x)", "赵(y)"}));
 }
 
 TEST_F(TaskList, DatesOfACellAreSavedOrPutBack) {

@@ -1,5 +1,7 @@
 #include <ctime>
 
+#include <QDialog>
+
 #include "tests/commands/TaskWindow.h"
 
 using BASETOOLS::CAuthCodeTool;
@@ -95,6 +97,8 @@ TEST_F(TaskScreen, FiltersGoIntoTheQuery) {
         EXPECT_EQ(service.queries.back().dateType, 1);
         enter(window, window.find("day", QDate::currentDate().toString("yyyy-MM-dd")), "2024-02-29");
         EXPECT_EQ(list->searchStartDate(), "2024-02-29");
+        enter(window, window.find("day", "2024-02-29"), "2024-02-30");
+        EXPECT_TRUE(host.messages.takeLast().startsWith("“2024-02-30”不是日期"));
 
         list->setCatalogId("mep");
         settle();
@@ -181,12 +185,12 @@ TEST_F(TaskScreen, CellsAreEditedUntilTheTaskIsPublished) {
         EXPECT_EQ(date->property("value"), "2024-02-29");
         service.refused.clear();
         settle();
-        EXPECT_FALSE(dateCell(window, "t1", "计划交底日期")->isEnabled());
+        EXPECT_FALSE(dateCell(window, "t1", "计划交底日期")->property("editable").toBool());
 
-        const QPoint owner = window.text("张伟 (zhangwei)")->mapToScene({5, 5}).toPoint();
+        const QPoint owner = window.text("张伟(zhangwei)")->mapToScene({5, 5}).toPoint();
         QTest::mouseMove(window.view(), owner);
         ModalWindow::settle();
-        QQuickItem* chooser = window.find("currentText", "张伟 (zhangwei)");
+        QQuickItem* chooser = window.find("currentText", "张伟(zhangwei)");
         ASSERT_TRUE(chooser);
         const std::size_t updates = service.updates.size();
         QWheelEvent wheel(owner, window.view()->mapToGlobal(owner), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
@@ -223,7 +227,7 @@ TEST_F(TaskScreen, CellsAreEditedUntilTheTaskIsPublished) {
         ASSERT_EQ(service.updates.size(), updates + 1);
         EXPECT_EQ(service.updates.back().disclosureUserName, L"lina");
         EXPECT_EQ(chooser->property("currentIndex"), 0);
-        EXPECT_EQ(task(0)->property("owner"), "张伟 (zhangwei)");
+        EXPECT_EQ(task(0)->property("owner"), "张伟(zhangwei)");
     });
 }
 
@@ -231,9 +235,46 @@ TEST_F(TaskScreen, CommandsOfARowReachItsTask) {
     run([&](ModalWindow& window) {
         doubleClick(window, window.text("任务1"));
         EXPECT_EQ(host.messages, QStringList{"已发布的任务暂不支持编辑"});
-        doubleClick(window, window.text("任务0"));
-        EXPECT_EQ(host.messages.back(), "该功能将在后续版本提供");
+        ModalWindow::run([&] { doubleClick(window, window.text("任务0")); },
+                         [](ModalWindow& renaming) { renaming.key(Qt::Key_Escape); });
         EXPECT_EQ(currentRow(window), 0);
+        EXPECT_TRUE(service.updates.empty());
+    });
+}
+
+TEST_F(TaskScreen, ATaskIsRenamed) {
+    run([&](ModalWindow& window) {
+        window.click(window.text("任务0"));
+        ModalWindow::run([&] { window.key(Qt::Key_F2); },
+                         [&](ModalWindow& renaming) {
+                             const QQuickItem* field = renaming.find("name", "任务名称：");
+                             const auto value = [field] { return field->property("value").toString(); };
+                             EXPECT_EQ(renaming.dialog()->minimumSize(), QSize(300, 170));
+                             EXPECT_EQ(value(), "任务0");
+                             renaming.type("  ");
+                             renaming.key(Qt::Key_Return);
+                             EXPECT_EQ(host.messages, QStringList{"任务名称不能为空"});
+                             EXPECT_EQ(value(), "");
+                             service.refused = L"update";
+                             renaming.compose("zhu", " 柱钢筋绑扎\n交底 ");
+                             renaming.click(renaming.text("确定"));
+                             EXPECT_TRUE(renaming.dialog()->isVisible());
+                             EXPECT_EQ(value(), "柱钢筋绑扎 交底") << "what the service refuses is kept";
+                             EXPECT_TRUE(window.text("任务0"));
+                             service.refused.clear();
+                             service.tasks[0].remark = L"他人的备注";
+                             renaming.compose("2", "二");
+                             renaming.key(Qt::Key_Return);
+                             EXPECT_FALSE(renaming.dialog()->isVisible());
+                         });
+        EXPECT_EQ(task(0)->name(), "柱钢筋绑扎 交底二");
+        settle();
+        EXPECT_EQ(service.tasks[0].name, L"柱钢筋绑扎 交底二");
+        EXPECT_EQ(service.tasks[0].remark, L"他人的备注") << "after a refusal the task is read again";
+        EXPECT_TRUE(window.text("柱钢筋绑扎 交底二"));
+        const std::size_t updates = service.updates.size();
+        ModalWindow::run([&] { window.key(Qt::Key_F2); }, [](ModalWindow& renaming) { renaming.key(Qt::Key_Return); });
+        EXPECT_EQ(service.updates.size(), updates) << "the same name is not stored";
     });
 }
 
@@ -308,7 +349,7 @@ TEST_F(TaskScreen, WithoutRightsNothingCanBeChanged) {
     run([&](ModalWindow& window) {
         task(0)->setSelected(true);
         EXPECT_FALSE(button(window, "删除")->isEnabled());
-        EXPECT_FALSE(dateCell(window, "t0", "计划交底日期")->isEnabled());
+        EXPECT_FALSE(dateCell(window, "t0", "计划交底日期")->property("editable").toBool());
         doubleClick(window, window.text("任务0"));
         window.key(Qt::Key_F2);
         EXPECT_TRUE(host.messages.isEmpty());

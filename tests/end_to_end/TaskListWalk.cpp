@@ -67,7 +67,7 @@ void filterSortAndPage(QQuickView* view, ServiceProbe& service) {
 
 void changeDate(QQuickView* view, ServiceProbe& service) {
     QQuickItem* cell = rows::findCell(view, [](QQuickItem* item) {
-        return item->property("column") == QStringLiteral("施工开始日期") && item->isEnabled();
+        return item->property("column") == QStringLiteral("施工开始日期") && item->property("editable").toBool();
     });
     expect(cell != nullptr, "the date of an unpublished task can be changed");
     const QString id = rows::taskOf(cell)->property("id").toString();
@@ -83,11 +83,43 @@ void changeDate(QQuickView* view, ServiceProbe& service) {
     QTest::qWait(300);
 }
 
+void rename(QQuickView* view, ServiceProbe& service) {
+    QQuickItem* cell = rows::findCell(view, [](QQuickItem* item) {
+        const QObject* task = rows::taskOf(item);
+        return item->property("text") == task->property("name") && !task->property("released").toBool();
+    });
+    expect(cell != nullptr, "an unpublished task can be renamed");
+    const QString id = rows::taskOf(cell)->property("id").toString();
+    const QString name = cell->property("text").toString() + QStringLiteral("（改）");
+    inDialog(
+        QStringLiteral("修改任务名称"),
+        [&] {
+            QTest::mouseDClick(view, Qt::LeftButton, {}, support::centreOf(cell));
+            QTest::qWait(100);
+        },
+        [&](QQuickView* window) {
+            support::retype(window, QStringLiteral(" "));
+            answering("rename-refused", QStringLiteral("任务名称不能为空"),
+                      [&] { clickText(window, QStringLiteral("确定")); });
+            support::retype(window, QString(200, QChar(u'长')));
+            answering(nullptr, QStringLiteral("任务名称不能超过128个字符（422）"),
+                      [&] { QTest::keyClick(window, Qt::Key_Return); });
+            expect(window->isVisible(), "a refused name stays to be corrected");
+            support::retype(window, name);
+            picture("rename");
+            QTest::keyClick(window, Qt::Key_Return);
+        });
+    expect(service.task(id).value("name") == name, "the service has the new name");
+    expectText(view, name);
+    picture("renamed");
+}
+
 }  // namespace
 
 void walkTaskList(QQuickView* view, ServiceProbe& service) {
     filterSortAndPage(view, service);
     changeDate(view, service);
+    rename(view, service);
     support::click(searchField(view));
     support::retype(view, QString());
     QTest::keyClick(view, Qt::Key_Return);

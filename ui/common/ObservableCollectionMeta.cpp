@@ -98,9 +98,13 @@ void ObservableCollectionMeta::insert(int row, const QVariant& value) {
 
 void ObservableCollectionMeta::removeAll(const QVariant& value) {
     const QVariant item = normalised(value);
-    // Looked for anew each time, because a slot may have changed the list.
-    for (int row = m_items.indexOf(item); row >= 0; row = m_items.indexOf(item))
-        remove(row);
+    // The size is asked for anew each time, because a slot may have changed the list.
+    for (int row = 0; row < size();) {
+        if (m_items.at(row) == item)
+            remove(row);
+        else
+            ++row;
+    }
 }
 
 void ObservableCollectionMeta::remove(int index) {

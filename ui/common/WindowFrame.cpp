@@ -95,10 +95,10 @@ void WindowFrame::connectClose() {
 }
 
 void WindowFrame::connectTitleBar(QObject* receiver) {
-    connectRoot("toggleMaximized()", receiver, "slotToggleMaximized()", Presence::Optional);
+    connectRoot("toggleMaximized()", receiver, "slotToggleMaximized()");
     connectRoot("titlebarPressed()", receiver, "onTitlebarPressed()");
     connectRoot("titlebarPositionChanged()", receiver, "onTitlebarPositionChanged()");
-    connectRoot("titlebarDbClick()", receiver, "onTitleBarDoubleClicked()", Presence::Optional);
+    connectRoot("titlebarDbClick()", receiver, "onTitleBarDoubleClicked()");
 }
 
 void WindowFrame::run() {

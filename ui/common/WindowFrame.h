@@ -34,7 +34,7 @@ public:
     void connectRoot(const char* signal, QObject* receiver, const char* slot, Presence presence = Presence::Required);
     /// Connects the root item's `close` with the dialog.
     void connectClose();
-    /// Connects the title bar's signals with the slots of the usual names in `receiver`; not every window maximises.
+    /// Connects the title bar's signals with the slots of the usual names in `receiver`.
     void connectTitleBar(QObject* receiver);
 
     /// Runs the dialog modally; its view takes the keyboard as soon as it is shown.

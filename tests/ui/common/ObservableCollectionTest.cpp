@@ -138,6 +138,13 @@ TEST_F(ObservableCollectionTest, SlotsMayDeleteElementsAndShortenTheList) {
     numbers.removeAll(7);
     EXPECT_EQ(removed, (QVector<int>{0, 3, 1}));
     EXPECT_EQ(numbers.size(), 2);
+
+    ObservableCollection<int> refilled;
+    refilled.append(1);
+    refilled.append(7);
+    QObject::connect(&refilled, &QAbstractItemModel::rowsRemoved, [&] { refilled.push_front(7); });
+    refilled.removeAll(7);
+    EXPECT_EQ(refilled.size(), 2) << "the list is walked once, whatever comes back";
 }
 
 TEST_F(ObservableCollectionTest, PropertiesThatCameLaterAreRead) {

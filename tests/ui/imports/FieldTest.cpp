@@ -80,6 +80,7 @@ TEST(PagingBar, OffersOnlyThePagesThatThereAre) {
 
 constexpr auto dateField =
     "UxCalendar { property string outside: '2026-11-21'; property var seen: []; text: outside\n"
+    "property var told: []; onRefused: told.push(why)\n"
     "minimumDate: '2026-11-10'; maximumDate: new Date(2026, 11, 5); onPicked: seen.push(text) }";
 
 bool shows(const Scene& scene, const QString& name) {
@@ -92,8 +93,13 @@ TEST(Calendar, TakesTypedDatesInsideItsLimitsOnly) {
         scene.evaluate("forceActiveFocus(), selectAll()");
         scene.type(text);
         scene.press(Qt::Key_Return);
+        QTest::qWait(0);
     }
     EXPECT_EQ(scene.evaluate("text"), "2026-12-05");
+    const QString told = scene.evaluate("told.join()").toString();
+    EXPECT_TRUE(told.startsWith("日期不能晚于2026-12-05,日期不能早于2026-11-10,“2026-11-31”不是日期，"))
+        << told.toStdString();
+    EXPECT_EQ(scene.evaluate("told.length"), 4);
     scene.evaluate("selectAll()");
     scene.press(Qt::Key_Delete);
     scene.press(Qt::Key_Return);
@@ -140,6 +146,28 @@ TEST(Calendar, ACellAsksAndShowsWhatItsOwnerKeeps) {
     scene.click(scene.item("day2026-02-28"));
     EXPECT_EQ(scene.evaluate("asked"), "2026-02-28");
     EXPECT_TRUE(scene.texts().contains("2026-02-10"));
+}
+
+TEST(Calendar, ACutDateIsShownWholeInACellThatIsNotEditableToo) {
+    for (const char* editable : {"true", "false"}) {
+        Scene scene(QByteArray("UxCellCalendar { width: 60; y: 50; value: '2026-02-10'; editable: ") + editable + "}");
+        scene.hover(scene.root());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return scene.texts().count("2026-02-10") == 2; })) << editable;
+    }
+    Scene scene("UxCellCalendar { value: '2026-02-10'; editable: false }");
+    scene.click(scene.root());
+    scene.evaluate("forceActiveFocus()");
+    scene.press(Qt::Key_Return);
+    EXPECT_FALSE(scene.item("day2026-02-10"));
+}
+
+TEST(Calendar, BeginsWhenDatesCanBeStored) {
+    Scene scene("UxCalendar { text: '2026-11-21'; property string told; onRefused: told = why }");
+    scene.evaluate("forceActiveFocus(), selectAll()");
+    scene.type("1969-12-31");
+    scene.press(Qt::Key_Return);
+    EXPECT_EQ(scene.evaluate("text"), "2026-11-21");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scene.evaluate("told") == "日期不能早于1970-01-02"; }));
 }
 
 TEST(NamedField, MarksWhatHasToBeFilledAndLeavesTheCaptionItsSpace) {

@@ -116,6 +116,25 @@ TEST_F(TableTest, ColumnsCountWithoutTheCheckBoxes) {
     EXPECT_GT(arrows.first()->mapToScene({}).x(), 215);
 }
 
+TEST_F(TableTest, ACutTitleIsShownWholeUnderTheMouse) {
+    const auto titles = [&] { return scene.texts().count("任务名称"); };
+    QTest::mouseMove(&scene.window(), {nameColumn, header});
+    EXPECT_FALSE(QTest::qWaitFor([&] { return titles() > 1; }, 600)) << "it is not cut";
+    scene.evaluate("getColumn(1).width = 30");
+    QTest::mouseMove(&scene.window(), {checkBox, secondRow});
+    QTest::mouseMove(&scene.window(), {checkBox + 30, header});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return titles() > 1; }));
+}
+
+TEST(Table, PlainValuesAreShownAsTheyAre) {
+    ObservableCollection<QString> names;
+    names.append("甲");
+    names.append("乙");
+    const Scene scene("UxTableView { width: 300; height: 200; model: rows; TableViewColumn { role: 'item' } }",
+                      {{"rows", QVariant::fromValue<QObject*>(&names)}}, imports);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scene.texts().contains("甲") && scene.texts().contains("乙"); }));
+}
+
 TEST_F(TableTest, TellsClicksAndKeepsTheCurrentRow) {
     clickAt(nameColumn, firstRow);
     EXPECT_EQ(scene.evaluate("currentRow"), 0);

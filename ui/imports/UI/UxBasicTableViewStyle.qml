@@ -14,6 +14,7 @@ ScrollViewStyle {
 
     property Component headerDelegate: UxTableHeader {
         text: styleData.value
+        hovered: styleData.containsMouse
         color: control.headerColor
         borderColor: control.cellBorderColor
         sorted: styleData.column >= 0 && styleData.column === control.__sortColumn
@@ -31,9 +32,10 @@ ScrollViewStyle {
             shown: control.activeFocus && styleData.row !== undefined && styleData.row === control.__currentRow
         }
     }
-    // A row's object in the role "item" is read itself, so that the cell follows its change signals.
+    // A row's object in the role "item" is read itself, so that the cell follows its change signals; a plain value there
+    // is shown as it is.
     property Component itemDelegate: UxToolTipText {
-        readonly property var rowObject: model && model.item ? model.item : null
+        readonly property var rowObject: model && typeof model.item === "object" ? model.item : null
         readonly property var shownValue: rowObject && styleData.role !== "" ? rowObject[styleData.role] : styleData.value
 
         leftPadding: 6

@@ -3,7 +3,7 @@ import "."
 import "UxDates.js" as Dates
 
 // A date field: text "yyyy-MM-dd", typed or picked from a calendar. Limits are dates or such texts; empty is no limit.
-// What was typed and is no allowed date is put back.
+// What was typed and is no allowed date is put back, and refused() tells why.
 UxTextField {
     id: control
 
@@ -14,6 +14,8 @@ UxTextField {
 
     // The user chose, typed or cleared a date; text holds it already.
     signal picked(string text)
+    // A sentence for the user.
+    signal refused(string why)
 
     function openCalendar() {
         calendar.active = true
@@ -39,9 +41,18 @@ UxTextField {
     }
 
     function takeTyped() {
-        var date = Dates.parse(text)
-        var good = text === "" || (date && Dates.within(date, minimumDate, maximumDate))
-        take(good ? Dates.toText(date) : __accepted)
+        var typed = text
+        var date = Dates.parse(typed)
+        if (typed === "" || (date && Dates.within(date, minimumDate, maximumDate))) {
+            take(Dates.toText(date))
+            return
+        }
+        show(__accepted)
+        var why = !date ? qsTr("“%1”不是日期，请输入如%2的日期").arg(typed).arg(Dates.toText(new Date()))
+                        : date < Dates.first(minimumDate)
+                          ? qsTr("日期不能早于%1").arg(Dates.toText(Dates.first(minimumDate)))
+                          : qsTr("日期不能晚于%1").arg(Dates.toText(Dates.parse(maximumDate)))
+        Qt.callLater(refused, why)  // a message opens only when the click that ended the typing has been handled
     }
 
     implicitWidth: 130

@@ -2,7 +2,8 @@ import QtQuick 2.12
 import "."
 
 // A date in a table cell that opens a calendar. It only asks: the owner of the value answers picked() by changing the
-// value, or leaves it, and then the cell goes on showing the old one.
+// value, or leaves it, and then the cell goes on showing the old one. Where it is not editable it still shows a date that
+// is cut whole, which a disabled item could not.
 Rectangle {
     id: control
 
@@ -10,10 +11,13 @@ Rectangle {
     property var minimumDate
     property var maximumDate
     property color textColor: UxTheme.text
+    property bool editable: true
 
     signal picked(string text)
 
     function openCalendar() {
+        if (!editable)
+            return
         calendar.active = true
         calendar.item.open()
     }
@@ -21,10 +25,11 @@ Rectangle {
     implicitWidth: 110
     implicitHeight: UxTheme.tableRowHeight
     color: UxTheme.transparent
-    activeFocusOnTab: enabled
-    Accessible.role: Accessible.Button
+    activeFocusOnTab: editable
+    Accessible.role: editable ? Accessible.Button : Accessible.StaticText
     Accessible.name: value
     Accessible.onPressAction: openCalendar()
+    Keys.enabled: editable
     Keys.onSpacePressed: openCalendar()
     Keys.onReturnPressed: openCalendar()
     Keys.onEnterPressed: openCalendar()
@@ -34,7 +39,8 @@ Rectangle {
         anchors.leftMargin: 6
         anchors.rightMargin: icon.width + 6
         text: control.value
-        color: control.enabled ? control.textColor : UxTheme.disabledText
+        hovered: area.containsMouse
+        color: control.editable ? control.textColor : UxTheme.disabledText
     }
     Image {
         id: icon
@@ -43,12 +49,13 @@ Rectangle {
         anchors.verticalCenter: parent.verticalCenter
         width: UxTheme.smallIconSize
         height: UxTheme.smallIconSize
-        visible: control.enabled && (area.containsMouse || control.activeFocus)
+        visible: control.editable && (area.containsMouse || control.activeFocus)
         source: "qrc:/ui/Images/calendar.png"
     }
     MouseArea {
         id: area
         anchors.fill: parent
+        acceptedButtons: control.editable ? Qt.LeftButton : Qt.NoButton
         hoverEnabled: true
         onClicked: control.openCalendar()
     }

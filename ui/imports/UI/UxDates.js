@@ -2,6 +2,8 @@
 
 // Dates are text "yyyy-MM-dd" at the controls' borders and local midnights inside.
 var format = "yyyy-MM-dd"
+// Dates are stored as milliseconds since 1970, and 0 is no date: a day earlier this day has not begun everywhere.
+var earliest = new Date(1970, 0, 2)
 
 // The local midnight of a date or of its text; null for none.
 function parse(value) {
@@ -15,16 +17,19 @@ function toText(date) {
     return date ? Qt.formatDate(date, format) : ""
 }
 
+// The first day that is allowed.
+function first(minimum) {
+    return parse(minimum) || earliest
+}
+
 function within(date, minimum, maximum) {
-    var first = parse(minimum)
     var last = parse(maximum)
-    return (!first || date >= first) && (!last || date <= last)
+    return date >= first(minimum) && (!last || date <= last)
 }
 
 function clamp(date, minimum, maximum) {
-    var first = parse(minimum)
     var last = parse(maximum)
-    return first && date < first ? first : last && date > last ? last : date
+    return date < first(minimum) ? first(minimum) : last && date > last ? last : date
 }
 
 function addDays(date, days) {

@@ -20,6 +20,8 @@ Item {
 
     // The user chose, typed or cleared a date.
     signal picked(string text)
+    // What was typed has been put back.
+    signal refused(string why)
 
     implicitWidth: leftSpace + calendarSpace + field.implicitWidth + rightSpace
     implicitHeight: field.implicitHeight
@@ -37,5 +39,6 @@ Item {
         width: control.fillType === 0 ? Math.max(0, control.width - x - control.rightSpace) : implicitWidth
         Accessible.name: control.name
         onPicked: control.picked(text)
+        onRefused: control.refused(why)
     }
 }

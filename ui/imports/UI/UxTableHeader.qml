@@ -6,6 +6,7 @@ Rectangle {
     id: header
 
     property alias text: label.text
+    property alias hovered: label.hovered
     property color borderColor: UxTheme.cellBorder
     property bool sorted: false
     property bool ascending: true

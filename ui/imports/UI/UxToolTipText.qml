@@ -6,7 +6,8 @@ UxText {
     id: control
 
     property string toolTipText: text
-    readonly property alias hovered: area.containsMouse
+    // Where something that takes the hovering lies above the text, that has to tell it.
+    property bool hovered: area.containsMouse
     property bool tooltipVisible: truncated && text !== ""
     property bool wrapText: false
 

@@ -12,6 +12,7 @@ Button {
     implicitHeight: UxTheme.titleBarHeight
     padding: 0
     hoverEnabled: true
+    focusPolicy: Qt.TabFocus  // the mouse leaves the keyboard where it is
 
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()

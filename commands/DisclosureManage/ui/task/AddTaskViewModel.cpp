@@ -33,13 +33,6 @@ QString shownDate(int64_t mills) {
     return mills > 0 ? QDateTime::fromMSecsSinceEpoch(mills).toString(kDateFormat) : QString();
 }
 
-std::vector<UserRecord> receiversOf(const DISCLOSUREPACKAGE::TaskRecord& task) {
-    std::vector<UserRecord> people;
-    for (const auto& receiver : task.disclosureTaskReceiveUserList)
-        people.push_back({receiver.userName, receiver.userRealname, receiver.userHeadUuid, {}});
-    return people;
-}
-
 TaskDocRecord linkTo(const UploadedFileRecord& file) {
     TaskDocRecord doc;
     doc.id = file.id;
@@ -59,6 +52,8 @@ CAddTaskViewModel::CAddTaskViewModel(const DISCLOSUREPACKAGE::TaskRecord& task, 
     : QObject(parent), m_isNew(task.id.empty()), m_task(task) {
     qRegisterMetaType<CBimTreeNode*>();  // QML hands nodes to the slots only when it knows the type
     m_links.build(CBimTreeModel::linksOf(m_task));
+    if (IDisclosureManageMgr* manager = FindDisclosureManager())
+        m_names = PeopleNames::ofDepartment(manager->GetCurDeptId());
 }
 
 QString CAddTaskViewModel::taskName() const {
@@ -73,11 +68,11 @@ void CAddTaskViewModel::setTaskName(const QString& name) {
 }
 
 QString CAddTaskViewModel::disName() const {
-    return shownNames({{m_task.disclosureUserName, m_task.disclosureUserRealname, {}, {}}}).join(QString());
+    return m_names.shown(m_task.disclosureUserName, m_task.disclosureUserRealname);
 }
 
 QString CAddTaskViewModel::receiveName() const {
-    return shownNames(receiversOf(m_task)).join(QStringLiteral("、"));
+    return shownReceivers(m_task, m_names);
 }
 
 QString CAddTaskViewModel::remark() const {
@@ -182,6 +177,10 @@ void CAddTaskViewModel::onClickUploadDoc() {
     for (const UploadedFileRecord& file : files)
         m_task.disclosureTaskDocList.push_back(linkTo(file));
     emit connectDocChanged();
+}
+
+void CAddTaskViewModel::onDateRefused(const QString& why) {
+    ShowNotice(why);
 }
 
 void CAddTaskViewModel::onClickViewDocItem(int nIndex) {

@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include "commands/DisclosureManage/ui/task/BimTreeModel.h"
+#include "commands/DisclosureManage/ui/task/PeopleNames.h"
 #include "sdk/packages/disclosure/Records.h"
 
 /// A new task, or an unpublished one, while it is edited. Dates are texts "yyyy-MM-dd", empty when unset.
@@ -62,6 +63,8 @@ public slots:
     void onClickDelBIMItem(CBimTreeNode* pNode);
     /// Lets the user choose and upload a local file.
     void onClickUploadDoc();
+    /// A date field did not take what was typed.
+    void onDateRefused(const QString& why);
 
 signals:
     void taskNameChanged();
@@ -89,6 +92,7 @@ private:
     bool m_isNew;
     DISCLOSUREPACKAGE::TaskRecord m_task;
     CBimTreeModel m_links;
+    PeopleNames m_names;  // the department's people
     bool m_isRelease = false;
     bool m_isSaved = false;
 };

@@ -2,8 +2,6 @@
 
 #include <string_view>
 
-#include <QHash>
-
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
 #include "sdk/basecore/IBaseCoreData.h"
 #include "sdk/basecore/ManagerNames.h"
@@ -19,19 +17,6 @@ const QChar kSeparator = QChar(0x1f);  // nobody's name holds it
 
 }  // namespace
 
-QStringList shownNames(const std::vector<UserRecord>& people) {
-    QStringList names;
-    QHash<QString, int> namesakes;
-    for (const UserRecord& person : people) {
-        names.append(FromWide(person.realName.empty() ? person.userName : person.realName));
-        ++namesakes[names.last()];
-    }
-    for (int i = 0; i < names.size(); ++i)
-        if (namesakes.value(names.at(i)) > 1)
-            names[i] += QLatin1Char('(') + FromWide(people[static_cast<std::size_t>(i)].userName) + QLatin1Char(')');
-    return names;
-}
-
 PeopleDirectory::PeopleDirectory(const QStringList& leftOut) {
     auto* manager = FindDisclosureManager();
     const auto* organisation = LookupManager<BASEPACKAGE::IOrgDeptMgr>(BASECORE::NAMES::kDepartments);
@@ -43,6 +28,7 @@ PeopleDirectory::PeopleDirectory(const QStringList& leftOut) {
     if (!organisation->GetDepartments(departments, deptId) || !organisation->GetUsers(people, deptId))
         return;
 
+    m_names = PeopleNames(people);
     m_entries.reserve(departments.size() + people.size());
     for (const auto& department : departments) {
         const bool isTop = m_entries.empty();  // its parent, if it has one, is none of ours

@@ -5,12 +5,8 @@
 #include <QString>
 #include <QStringList>
 
-#include "sdk/packages/IOrgDeptMgr.h"
+#include "commands/DisclosureManage/ui/task/PeopleNames.h"
 #include "ui/common/FlatTree.h"
-
-/// The names by which people are shown: the display name, or else the login name; with the login name behind it where
-/// two of them have the same one.
-QStringList shownNames(const std::vector<BASEPACKAGE::UserRecord>& people);
 
 /// The current department's people in their departments, as the people pickers show and search them. Departments
 /// without anybody to show are left out, and somebody listed twice counts once.
@@ -19,6 +15,9 @@ public:
     /// Reads the organisation without the people whose login names are in `leftOut`. Empty where a manager is missing
     /// or the organisation cannot be read.
     explicit PeopleDirectory(const QStringList& leftOut = {});
+
+    /// Of everybody, those left out too.
+    const PeopleNames& names() const { return m_names; }
 
     /// The tree of those whose display or login name contains `search`, whatever its case, or of all when it is empty;
     /// null when there is nobody. A person's node has the login name as its id, a department's has none.
@@ -48,6 +47,7 @@ private:
 
     std::vector<char> placesFor(const QString& search) const;
 
+    PeopleNames m_names;
     std::vector<Entry> m_entries;
     std::vector<FlatTreePlace> m_places;
 };

@@ -37,7 +37,7 @@ bool CSelectReceiverWnd::choose(People& people, const QStringList& leftOut) {
 
 CSelectReceiverWnd::CSelectReceiverWnd(QWidget* parent, const People& people, const QStringList& leftOut)
     : CBaseWnd(parent), m_people(leftOut), m_model(new NameCheckBoxTreeModel(frame().view())), m_chosen(people) {
-    m_names = shownNames(m_chosen);
+    m_names = m_people.names().shown(m_chosen);
     frame().dialog()->setMinimumSize(250, 450);
     setSearchText({});
     frame().view()->rootContext()->setContextProperty(QStringLiteral("theSelectReceiverWnd"), this);
@@ -126,7 +126,7 @@ void CSelectReceiverWnd::onClickDelReceiver(int nIndex) {
 }
 
 void CSelectReceiverWnd::noticeChoice() {
-    m_names = shownNames(m_chosen);
+    m_names = m_people.names().shown(m_chosen);
     emit receiverNameChanged();
     emit receiverSizeChanged();
 }

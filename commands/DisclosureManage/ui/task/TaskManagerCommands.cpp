@@ -7,6 +7,7 @@
 #include "commands/DisclosureManage/ui/Processing.h"
 #include "commands/DisclosureManage/ui/task/AddTaskWnd.h"
 #include "commands/DisclosureManage/ui/task/CatalogTreeWnd.h"
+#include "commands/DisclosureManage/ui/task/EditNameWnd.h"
 #include "commands/DisclosureManage/ui/task/RemindWnd.h"
 #include "commands/DisclosureManage/ui/task/TaskManagerViewModel.h"
 #include "sdk/basetools/TimeValue.h"
@@ -36,11 +37,6 @@ bool editable(bool isPublished) {
 /// The same for a row. Nothing may be changed without a manager.
 bool editable(const TaskModel* task) {
     return task && FindDisclosureManager() && editable(task->released());
-}
-
-bool find(IDisclosureManageMgr& manager, const TaskModel& row, TaskRecord& task) {
-    const std::wstring id = row.id().toStdWString();
-    return manager.FindCachedTask(id, task) || manager.QueryTaskById(id, task);
 }
 
 }  // namespace
@@ -101,6 +97,11 @@ void TaskManagerViewModel::onClickPreviewTask(TaskModel* task) {
         showNotThereYet();
 }
 
+void TaskManagerViewModel::onDateRefused(const QString& why) {
+    const Hold hold(*this);
+    ShowNotice(why);
+}
+
 void TaskManagerViewModel::onEditBimInfo(TaskModel* task) {
     const Hold hold(*this);
     if (editable(task))
@@ -115,8 +116,14 @@ void TaskManagerViewModel::onEditDocInfo(TaskModel* task) {
 
 void TaskManagerViewModel::onEditTaskName(TaskModel* task) {
     const Hold hold(*this);
-    if (editable(task))
-        showNotThereYet();
+    if (!editable(task))
+        return;
+    CEditNameWnd::edit(task->name(), [&](const QString& name) {
+        return updateTask(task, [&](TaskRecord& record) {
+            record.name = name.toStdWString();
+            return true;
+        });
+    });
 }
 
 void TaskManagerViewModel::OnDelTasks(const QVariantList& cData) {
@@ -171,6 +178,13 @@ void TaskManagerViewModel::moveTasksTo(const QString& catalogId, const QVariantL
     RefreshCurrentTaskInfo(true);
     for (const auto& [changedId, count] : changes)
         emit taskCountChange(count, changedId);
+}
+
+bool TaskManagerViewModel::find(IDisclosureManageMgr& manager, const TaskModel& row, TaskRecord& task) const {
+    const std::wstring id = row.id().toStdWString();
+    // As long as a refresh is due, somebody else may have changed what the page was made from.
+    const bool isPageOld = m_timer.isActive() || m_refreshHeld;
+    return (!isPageOld && manager.FindCachedTask(id, task)) || manager.QueryTaskById(id, task);
 }
 
 bool TaskManagerViewModel::updateTask(TaskModel* task, const std::function<bool(TaskRecord&)>& change) {

@@ -9,13 +9,10 @@
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
 #include "commands/DisclosureManage/ui/Notice.h"
 #include "commands/DisclosureManage/ui/task/DateRange.h"
-#include "sdk/basecore/IBaseCoreData.h"
-#include "sdk/basecore/ManagerNames.h"
 #include "sdk/basetools/TimeValue.h"
 #include "sdk/packages/disclosure/IDisclosureManageMgr.h"
 #include "ui/common/WideText.h"
 
-using BASECORE::FRAME::LookupManager;
 using BASETOOLS::CKpxTimeValue;
 using DISCLOSUREPACKAGE::IDisclosureManageMgr;
 using DISCLOSUREPACKAGE::TaskQuery;
@@ -52,13 +49,6 @@ int64_t dayStart(const QString& day) {
 
 QString dayText(QDate date) {
     return date.toString(Qt::ISODate);
-}
-
-DiscloserNames peopleOf(const std::wstring& deptId) {
-    std::vector<BASEPACKAGE::UserRecord> people;
-    if (const auto* departments = LookupManager<BASEPACKAGE::IOrgDeptMgr>(BASECORE::NAMES::kDepartments))
-        departments->GetUsers(people, deptId);
-    return DiscloserNames(people);
 }
 
 }  // namespace
@@ -307,7 +297,7 @@ void TaskManagerViewModel::runQuery() {
         turnTo(revealed, *manager, wanted, tasks);
         lastQuery() = wanted;
     }
-    m_names = peopleOf(wanted.deptId);
+    m_names = PeopleNames::ofDepartment(wanted.deptId);
     showPage(wanted, tasks, sameQuery);
     setTotalCount(total);
     if (revealed.empty())

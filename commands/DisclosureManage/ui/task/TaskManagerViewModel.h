@@ -7,8 +7,8 @@
 #include <QTimer>
 #include <QVariant>
 
-#include "commands/DisclosureManage/ui/task/DiscloserNames.h"
 #include "commands/DisclosureManage/ui/task/MapTaskModel.h"
+#include "commands/DisclosureManage/ui/task/PeopleNames.h"
 
 namespace DISCLOSUREPACKAGE {
 class IDisclosureManageMgr;
@@ -118,6 +118,8 @@ public slots:
     /// `sDate` is "yyyy-MM-dd", or empty for no date; `sType` the column's title. False when the change was refused.
     bool onEditDate(const QString& sDate, const QString& sType, TaskModel* task);
     void onEditTaskName(TaskModel* task);
+    /// A date field did not take what was typed.
+    void onDateRefused(const QString& why);
 
 signals:
     void taskModelChanged();
@@ -182,10 +184,13 @@ private:
     void showPage(const DISCLOSUREPACKAGE::TaskQuery& query, const std::vector<DISCLOSUREPACKAGE::TaskRecord>& tasks,
                   bool reread = false);
     QVector<TaskModel*> rows(const QVariantList& cData) const;
+    /// The stored task of a row.
+    bool find(DISCLOSUREPACKAGE::IDisclosureManageMgr& manager, const TaskModel& row,
+              DISCLOSUREPACKAGE::TaskRecord& task) const;
     bool updateTask(TaskModel* task, const std::function<bool(DISCLOSUREPACKAGE::TaskRecord&)>& change);
 
     MapTaskModel* m_taskModel = nullptr;
-    DiscloserNames m_names;  // the department's people at the last refresh
+    PeopleNames m_names;  // the department's people at the last refresh
     QTimer m_timer;
     bool m_forced = false;
     bool m_reread = false;

@@ -1,6 +1,6 @@
 #include "commands/DisclosureManage/ui/task/TaskModel.h"
 
-#include "commands/DisclosureManage/ui/task/DiscloserNames.h"
+#include "commands/DisclosureManage/ui/task/PeopleNames.h"
 #include "sdk/basetools/TimeValue.h"
 
 namespace {
@@ -25,7 +25,7 @@ QString joined(const QStringList& names) {
 
 }  // namespace
 
-TaskModel::TaskModel(const DISCLOSUREPACKAGE::TaskRecord& record, const DiscloserNames& names, QObject* parent)
+TaskModel::TaskModel(const DISCLOSUREPACKAGE::TaskRecord& record, const PeopleNames& names, QObject* parent)
     : QObject(parent) {
     assign(record, names);
 }
@@ -34,15 +34,12 @@ QString TaskModel::shown(const QDateTime& date) {
     return date.isValid() ? text(BASETOOLS::CKpxTimeValue::ToDayText(date.toMSecsSinceEpoch())) : QString();
 }
 
-void TaskModel::assign(const DISCLOSUREPACKAGE::TaskRecord& record, const DiscloserNames& names) {
+void TaskModel::assign(const DISCLOSUREPACKAGE::TaskRecord& record, const PeopleNames& names) {
     QStringList models;
     appendNames(models, record.disclosureTaskViewportList, [](const auto& link) { return link.viewportName; });
     appendNames(models, record.disclosureTaskNodeList, [](const auto& link) { return link.nodeName; });
     QStringList files;
     appendNames(files, record.disclosureTaskDocList, [](const auto& link) { return link.name; });
-    QStringList receivers;
-    appendNames(receivers, record.disclosureTaskReceiveUserList,
-                [](const auto& person) { return person.userRealname.empty() ? person.userName : person.userRealname; });
     const QString statuses[] = {tr("待交底"), tr("已交底"), tr("交底中"), tr("已过期")};
     const bool known = record.status >= 1 && record.status <= 4;
 
@@ -51,7 +48,7 @@ void TaskModel::assign(const DISCLOSUREPACKAGE::TaskRecord& record, const Disclo
     set(m_catalogid, text(record.disclosureCatalogId), &TaskModel::catalogidChanged);
     set(m_owner, names.shown(record.disclosureUserName, record.disclosureUserRealname), &TaskModel::ownerChanged);
     set(m_ownermodel, names.choices(m_owner), &TaskModel::ownerModelChanged);
-    set(m_receiver, joined(receivers), &TaskModel::receiverChanged);
+    set(m_receiver, shownReceivers(record, names), &TaskModel::receiverChanged);
     set(m_updateperson, names.shown(record.updateBy), &TaskModel::updatepersonChanged);
     set(m_relBIMs, joined(models), &TaskModel::relBIMsChanged);
     set(m_relFiles, joined(files), &TaskModel::relFilesChanged);

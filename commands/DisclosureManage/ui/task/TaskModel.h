@@ -6,7 +6,7 @@
 
 #include "sdk/packages/disclosure/Records.h"
 
-class DiscloserNames;
+class PeopleNames;
 
 /// One row of the task list. Dates are invalid, and their texts empty, when unset.
 class TaskModel : public QObject {
@@ -38,12 +38,13 @@ class TaskModel : public QObject {
     Q_PROPERTY(QStringList ownermodel MEMBER m_ownermodel NOTIFY ownerModelChanged)
 
 public:
-    TaskModel(const DISCLOSUREPACKAGE::TaskRecord& record, const DiscloserNames& names, QObject* parent = nullptr);
+    TaskModel(const DISCLOSUREPACKAGE::TaskRecord& record, const PeopleNames& names, QObject* parent = nullptr);
 
     /// Takes over what `record` says; the check mark stays.
-    void assign(const DISCLOSUREPACKAGE::TaskRecord& record, const DiscloserNames& names);
+    void assign(const DISCLOSUREPACKAGE::TaskRecord& record, const PeopleNames& names);
 
     const QString& id() const { return m_id; }
+    const QString& name() const { return m_name; }
     const QString& catalogid() const { return m_catalogid; }
     const QString& owner() const { return m_owner; }
     bool released() const { return m_released; }

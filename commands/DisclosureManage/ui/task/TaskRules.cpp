@@ -6,6 +6,8 @@
 #include <QDateTime>
 #include <QRegularExpression>
 
+#include "ui/common/WideText.h"
+
 namespace {
 
 constexpr std::size_t kMostDocuments = 10;
@@ -45,12 +47,16 @@ QString plainLines(const QString& typed) {
     return QString(typed).replace(breaks, QStringLiteral("\n")).remove(others);
 }
 
+QString brokenNameRule(const QString& name) {
+    return name.isEmpty() ? Rules::tr("任务名称不能为空") : QString();
+}
+
 QString firstBrokenRule(const DISCLOSUREPACKAGE::TaskRecord& task, QDate today) {
     const QDate start = dateOf(task.constructionStartDateMills);
     const QDate end = dateOf(task.constructionEndDateMills);
     const QDate deadline = dateOf(task.expiryDateMills);
-    if (task.name.empty())
-        return Rules::tr("任务名称不能为空");
+    if (const QString broken = brokenNameRule(FromWide(task.name)); !broken.isEmpty())
+        return broken;
     if (task.disclosureUserName.empty())
         return Rules::tr("请选择交底人");
     if (task.disclosureTaskReceiveUserList.empty())

@@ -12,6 +12,8 @@ QString oneLine(const QString& typed);
 /// Text without control characters, but with its lines. Word processors part lines by characters of their own.
 QString plainLines(const QString& typed);
 
+/// The message of the rule that a tidy name breaks; empty when it breaks none. Its length is the service's to judge.
+QString brokenNameRule(const QString& name);
 /// The message of the first rule that keeps `task` from being saved as a plan or published; empty when none does. The
 /// name counts as it stands, without its blanks being trimmed.
 QString firstBrokenRule(const DISCLOSUREPACKAGE::TaskRecord& task, QDate today);

@@ -17,6 +17,7 @@ GridLayout {
         value: addTaskModel.constStartDate
         maximumDate: addTaskModel.constEndDate
         onPicked: addTaskModel.constStartDate = text
+        onRefused: addTaskModel.onDateRefused(why)
     }
     UxNameCalendar {
         Layout.fillWidth: true
@@ -26,6 +27,7 @@ GridLayout {
         value: addTaskModel.constEndDate
         minimumDate: addTaskModel.constStartDate
         onPicked: addTaskModel.constEndDate = text
+        onRefused: addTaskModel.onDateRefused(why)
     }
     UxNameCalendar {
         Layout.fillWidth: true
@@ -34,6 +36,7 @@ GridLayout {
         calendarSpace: captionSpace
         value: addTaskModel.planDate
         onPicked: addTaskModel.planDate = text
+        onRefused: addTaskModel.onDateRefused(why)
     }
     UxNameCalendar {
         Layout.fillWidth: true
@@ -43,5 +46,6 @@ GridLayout {
         calendarSpace: captionSpace
         value: addTaskModel.endDate
         onPicked: addTaskModel.endDate = text
+        onRefused: addTaskModel.onDateRefused(why)
     }
 }

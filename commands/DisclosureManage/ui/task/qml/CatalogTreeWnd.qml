@@ -4,71 +4,48 @@ import QtQuick.Layouts 1.12
 import UI 1.0
 
 // The chooser of the catalog that tasks are moved to.
-Rectangle {
+DialogPage {
     id: root
 
-    property alias title: titleBar.title
-
     signal signalOKClicked()
-    signal close()
-    signal titlebarPressed()
-    signal titlebarPositionChanged()
 
-    color: UxTheme.background
-    border.width: 1
-    border.color: UxTheme.windowBorder
-    Keys.onEscapePressed: close()
+    title: qsTr("选择路径")
 
-    ColumnLayout {
-        anchors.fill: parent
-        anchors.margins: 1
-        spacing: 0
+    UxTreeView2 {
+        id: tree
+        Layout.fillWidth: true
+        Layout.fillHeight: true
+        Layout.margins: 10
+        focus: true
+        activeFocusOnTab: true
+        hasBorder: true
+        selectionMode: SelectionMode.SingleSelection
+        model: theModel
+        Accessible.name: qsTr("交底目录")
+        itemDelegate: CatalogRow { whiteWhenSelected: theModel.nodeOperEnable }
+        onCurrentIndexChanged: theModel.currentIndex = currentIndex
+        Keys.onReturnPressed: root.signalOKClicked()
+        Keys.onEnterPressed: root.signalOKClicked()
+        Component.onCompleted: select(theModel.defaultIndex)
+    }
 
-        WindowTitleBar {
-            id: titleBar
-            title: qsTr("选择路径")
-            hasMaxButton: false
-            onClose: root.close()
-            onTitlebarPressed: root.titlebarPressed()
-            onTitlebarPositionChanged: root.titlebarPositionChanged()
+    RowLayout {
+        Layout.fillWidth: true
+        Layout.preferredHeight: 30
+        Layout.bottomMargin: 10
+
+        UxButton {
+            Layout.preferredWidth: 80
+            Layout.leftMargin: 20
+            text: qsTr("确定")
+            onClicked: root.signalOKClicked()
         }
-
-        UxTreeView2 {
-            id: tree
-            Layout.fillWidth: true
-            Layout.fillHeight: true
-            Layout.margins: 10
-            focus: true
-            activeFocusOnTab: true
-            hasBorder: true
-            selectionMode: SelectionMode.SingleSelection
-            model: theModel
-            Accessible.name: qsTr("交底目录")
-            itemDelegate: CatalogRow { whiteWhenSelected: theModel.nodeOperEnable }
-            onCurrentIndexChanged: theModel.currentIndex = currentIndex
-            Keys.onReturnPressed: root.signalOKClicked()
-            Keys.onEnterPressed: root.signalOKClicked()
-            Component.onCompleted: select(theModel.defaultIndex)
-        }
-
-        RowLayout {
-            Layout.fillWidth: true
-            Layout.preferredHeight: 30
-            Layout.bottomMargin: 10
-
-            UxButton {
-                Layout.preferredWidth: 80
-                Layout.leftMargin: 20
-                text: qsTr("确定")
-                onClicked: root.signalOKClicked()
-            }
-            Item { Layout.fillWidth: true }
-            UxButton {
-                Layout.preferredWidth: 80
-                Layout.rightMargin: 20
-                text: qsTr("取消")
-                onClicked: root.close()
-            }
+        Item { Layout.fillWidth: true }
+        UxButton {
+            Layout.preferredWidth: 80
+            Layout.rightMargin: 20
+            text: qsTr("取消")
+            onClicked: root.close()
         }
     }
 }

@@ -1,12 +1,12 @@
 import QtQuick 2.12
 import UI 1.0
 
-// "确定" and "取消" on either side of the middle, 10 above the bottom.
+// "确定" and "取消" on either side of the middle, 10 above the bottom of the window, whose border is one of them.
 Item {
     signal accepted()
     signal rejected()
 
-    implicitHeight: ok.height + 10
+    implicitHeight: ok.height + 9
 
     UxButton {
         id: ok

@@ -129,6 +129,7 @@ Rectangle {
                 }
                 UxButton {
                     text: qsTr("取消")
+                    focusPolicy: Qt.TabFocus  // what is given up need not be judged, as it is when its field is left
                     onClicked: root.close()
                 }
             }

@@ -2,7 +2,7 @@ import QtQuick 2.12
 import UI 1.0
 
 // Something a task is linked with. What can be selected can be viewed and removed.
-Rectangle {
+Item {
     id: row
 
     property string name: ""
@@ -15,11 +15,11 @@ Rectangle {
     signal viewWanted()
     signal removeWanted()
 
-    color: highlighted ? UxTheme.selection : UxTheme.transparent
     Accessible.name: name
     Accessible.selectable: selectable
     Accessible.selected: highlighted
 
+    RowHighlight { shown: row.highlighted }
     // Blue icons need a ground of their own where the row is blue.
     Rectangle {
         anchors.fill: icon

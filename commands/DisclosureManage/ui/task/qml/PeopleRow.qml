@@ -17,11 +17,7 @@ Item {
     Accessible.selectable: true
     Accessible.selected: highlighted
 
-    Rectangle {
-        anchors.fill: parent
-        anchors.leftMargin: -row.x  // the indentation too
-        color: row.highlighted ? UxTheme.selection : UxTheme.transparent
-    }
+    RowHighlight { shown: row.highlighted }
     UxCheckCell {
         id: box
         visible: row.checkable

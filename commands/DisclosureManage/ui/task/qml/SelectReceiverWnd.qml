@@ -3,14 +3,8 @@ import QtQuick.Layouts 1.12
 import UI 1.0
 
 // The picker of the receivers.
-Rectangle {
+DialogPage {
     id: root
-
-    property alias title: titleBar.title
-
-    signal close()
-    signal titlebarPressed()
-    signal titlebarPositionChanged()
 
     function toggle(index) {
         var node = index && index.valid ? tree.model.data(index, Qt.DisplayRole) : null
@@ -20,83 +14,70 @@ Rectangle {
         theSelectReceiverWnd.onItemCheckStatusChanged(index)
     }
 
-    color: UxTheme.background
-    border.width: 1
-    border.color: UxTheme.windowBorder
-    Keys.onEscapePressed: close()
+    title: qsTr("选择接受交底人")
 
-    ColumnLayout {
-        anchors.fill: parent
-        anchors.margins: 1
-        spacing: 0
+    Item {
+        Layout.fillWidth: true
+        Layout.preferredHeight: 85
 
-        WindowTitleBar {
-            id: titleBar
-            title: qsTr("选择接受交底人")
-            hasMaxButton: false
-            onClose: root.close()
-            onTitlebarPressed: root.titlebarPressed()
-            onTitlebarPositionChanged: root.titlebarPositionChanged()
+        UxLabel {
+            id: count
+            x: 10
+            height: 22
+            text: qsTr("已选择（人）：") + theSelectReceiverWnd.selcount
         }
-        Item {
-            Layout.fillWidth: true
-            Layout.preferredHeight: 85
+        PeopleChips {
+            anchors.fill: parent
+            anchors.topMargin: count.height
+            anchors.leftMargin: 10
+            anchors.rightMargin: 10
+            names: theSelectReceiverWnd.receiverName
+            onRemoveWanted: theSelectReceiverWnd.onClickDelReceiver(index)
+        }
+    }
+    RowLayout {
+        Layout.fillWidth: true
+        Layout.preferredHeight: 30
+        Layout.margins: 10
+        spacing: 4
 
-            UxLabel {
-                id: count
-                x: 10
-                height: 22
-                text: qsTr("已选择（人）：") + theSelectReceiverWnd.selcount
-            }
-            PeopleChips {
-                anchors.fill: parent
-                anchors.topMargin: count.height
-                anchors.leftMargin: 10
-                anchors.rightMargin: 10
-                names: theSelectReceiverWnd.receiverName
-                onRemoveWanted: theSelectReceiverWnd.onClickDelReceiver(index)
-            }
-        }
-        RowLayout {
+        PeopleSearch {
             Layout.fillWidth: true
-            Layout.preferredHeight: 30
-            Layout.margins: 10
-            spacing: 4
-
-            PeopleSearch {
-                Layout.fillWidth: true
-                focus: true
-                onWanted: theSelectReceiverWnd.setSearchText(text)
-            }
-            UxIconButton {
-                iconSource: "qrc:/ui/Images/TreeExpand.png"
-                tooltipText: qsTr("展开一级")
-                onClicked: theSelectReceiverWnd.onClickExpand()
-            }
-            UxIconButton {
-                iconSource: "qrc:/ui/Images/TreeCollpase.png"
-                tooltipText: qsTr("收起一级")
-                onClicked: theSelectReceiverWnd.onClickCollapse()
-            }
+            focus: true
+            onWanted: theSelectReceiverWnd.setSearchText(text)
         }
-        PeopleTree {
-            id: tree
-            Layout.fillWidth: true
-            Layout.fillHeight: true
-            Layout.leftMargin: 10
-            Layout.rightMargin: 10
-            Layout.bottomMargin: 10
-            model: theSelectReceiverWnd.receiverDataModel
-            itemDelegate: PeopleRow {
-                checkable: true
-                onToggled: root.toggle(styleData.index)
-            }
-            Keys.onSpacePressed: root.toggle(currentIndex)
+        UxIconButton {
+            implicitWidth: 30
+            implicitHeight: 30
+            iconSource: "qrc:/ui/Images/TreeExpand.png"
+            tooltipText: qsTr("展开一级")
+            onClicked: theSelectReceiverWnd.onClickExpand()
         }
-        DialogButtons {
-            Layout.fillWidth: true
-            onAccepted: theSelectReceiverWnd.onClickOk()
-            onRejected: root.close()
+        UxIconButton {
+            implicitWidth: 30
+            implicitHeight: 30
+            iconSource: "qrc:/ui/Images/TreeCollpase.png"
+            tooltipText: qsTr("收起一级")
+            onClicked: theSelectReceiverWnd.onClickCollapse()
         }
+    }
+    PeopleTree {
+        id: tree
+        Layout.fillWidth: true
+        Layout.fillHeight: true
+        Layout.leftMargin: 10
+        Layout.rightMargin: 10
+        Layout.bottomMargin: 10
+        model: theSelectReceiverWnd.receiverDataModel
+        itemDelegate: PeopleRow {
+            checkable: true
+            onToggled: root.toggle(styleData.index)
+        }
+        Keys.onSpacePressed: root.toggle(currentIndex)
+    }
+    DialogButtons {
+        Layout.fillWidth: true
+        onAccepted: theSelectReceiverWnd.onClickOk()
+        onRejected: root.close()
     }
 }

@@ -8,7 +8,7 @@ UxCellCalendar {
     property string column
 
     value: task ? task[styleData.role] : ""
-    enabled: task !== null && !task.released && theTaskModel.operBtnEnable
-    activeFocusOnTab: enabled && styleData.selected
+    editable: task !== null && !task.released && theTaskModel.operBtnEnable
+    activeFocusOnTab: editable && styleData.selected
     onPicked: theTaskModel.onEditDate(text, column, task)
 }

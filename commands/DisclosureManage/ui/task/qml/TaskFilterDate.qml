@@ -16,5 +16,6 @@ UxCalendar {
             chosen(text)
         show(day)
     }
+    onRefused: theTaskModel.onDateRefused(why)
     Component.onCompleted: show(day)
 }

@@ -6,11 +6,12 @@ FocusScope {
     id: cell
 
     readonly property var task: model && model.item ? model.item : null
+    // A cell that is disabled itself could not show a name that is cut.
+    readonly property bool editable: task !== null && !task.released && theTaskModel.operBtnEnable
     property var table
 
-    enabled: task !== null && !task.released && theTaskModel.operBtnEnable
-    activeFocusOnTab: enabled && styleData.selected
-    onActiveFocusChanged: if (activeFocus) chooser.active = true
+    activeFocusOnTab: editable && styleData.selected
+    onActiveFocusChanged: if (activeFocus && editable) chooser.active = true
 
     UxToolTipText {
         anchors.fill: parent
@@ -18,7 +19,7 @@ FocusScope {
         rightPadding: 6
         visible: chooser.status !== Loader.Ready
         text: cell.task ? cell.task.owner : ""
-        color: cell.enabled ? UxTheme.text : UxTheme.disabledText
+        color: cell.editable ? UxTheme.text : UxTheme.disabledText
     }
     // Made when the cell is first pointed at: a department's people make long lists, and there is one in each row.
     Loader {
@@ -26,6 +27,7 @@ FocusScope {
         anchors.fill: parent
         anchors.margins: 2
         active: false
+        enabled: cell.editable
         focus: true
         sourceComponent: UxComboBox {
             id: box
@@ -54,6 +56,7 @@ FocusScope {
     // Above the chooser, so that the wheel scrolls the table and does not choose somebody else.
     MouseArea {
         anchors.fill: parent
+        enabled: cell.editable
         acceptedButtons: Qt.NoButton
         hoverEnabled: true
         onEntered: chooser.active = true

@@ -1,0 +1,40 @@
+import QtQuick 2.12
+import QtQuick.Layouts 1.12
+import UI 1.0
+
+// The page of a small dialog: a title bar without a maximise button, and below it what the dialog adds, from the top
+// down. A double click on the title maximises, Escape closes.
+Rectangle {
+    id: root
+
+    property alias title: titleBar.title
+    default property alias content: column.data
+
+    signal close()
+    signal toggleMaximized()
+    signal titlebarPressed()
+    signal titlebarPositionChanged()
+    signal titlebarDbClick()
+
+    color: UxTheme.background
+    border.width: 1
+    border.color: UxTheme.windowBorder
+    Keys.onEscapePressed: close()
+
+    ColumnLayout {
+        id: column
+        anchors.fill: parent
+        anchors.margins: root.border.width
+        spacing: 0
+
+        WindowTitleBar {
+            id: titleBar
+            hasMaxButton: false
+            onClose: root.close()
+            onToggleMaximized: root.toggleMaximized()
+            onTitlebarPressed: root.titlebarPressed()
+            onTitlebarPositionChanged: root.titlebarPositionChanged()
+            onTitlebarDbClick: root.titlebarDbClick()
+        }
+    }
+}
