@@ -298,6 +298,10 @@ TEST_F(TaskList, RowsTellWhatTheRecordSays) {
     task.disclosureTaskDocList.resize(1);
     task.disclosureTaskDocList[0].name = L"方案.pdf";
     service.tasks[1].status = 9;
+    service.tasks[1].updateBy = L"张伟";
+    service.tasks[1].disclosureTaskNodeList.resize(2);
+    service.tasks[1].disclosureTaskNodeList[0].nodeId = L"n1";
+    service.tasks[1].disclosureTaskNodeList[1].nodeId = L"n2";
     reread();
     const std::pair<const char*, QString> expected[] = {
         {"status", "交底中"},         {"released", "true"},     {"updateperson", "李娜"},
@@ -306,6 +310,8 @@ TEST_F(TaskList, RowsTellWhatTheRecordSays) {
     for (const auto& [property, text] : expected)
         EXPECT_EQ(shown(0, property), text) << property;
     EXPECT_EQ(shown(1, "status"), "");
+    EXPECT_EQ(shown(1, "updateperson"), "张伟") << "a display name, whoever else has it";
+    EXPECT_EQ(shown(1, "relBIMs"), "n1、n2") << "without names";
     EXPECT_FALSE(row(0)->property("end_date").toDateTime().isValid());
 }
 

@@ -60,7 +60,7 @@ QString PeopleNames::shown(const std::wstring& userName, const std::wstring& rea
 }
 
 QStringList PeopleNames::shown(const std::vector<UserRecord>& people) const {
-    const auto isKnown = [this](const UserRecord& person) { return m_shownByLogin.count(person.userName) > 0; };
+    const auto isKnown = [this](const UserRecord& person) { return knows(person.userName); };
     std::vector<UserRecord> strangers;
     std::remove_copy_if(people.begin(), people.end(), std::back_inserter(strangers), isKnown);
     const PeopleNames amongStrangers(strangers);

@@ -22,6 +22,8 @@ public:
 
     /// The shown name of anybody; `realName` serves for those who are not of the department.
     QString shown(const std::wstring& userName, const std::wstring& realName = {}) const;
+    /// Whether the login name is one of the department's.
+    bool knows(const std::wstring& userName) const { return m_shownByLogin.count(userName) > 0; }
     /// Those of a list, in which those who are not of the department are told apart too.
     QStringList shown(const std::vector<BASEPACKAGE::UserRecord>& people) const;
     /// The shown names, `first` ahead of the others.

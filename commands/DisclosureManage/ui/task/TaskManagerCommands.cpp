@@ -175,6 +175,8 @@ void TaskManagerViewModel::moveTasksTo(const QString& catalogId, const QVariantL
         --changes[task->catalogid()];
         ++changes[catalogId];
     }
+    if (changes.empty())
+        return;
     RefreshCurrentTaskInfo(true);
     for (const auto& [changedId, count] : changes)
         emit taskCountChange(count, changedId);

@@ -36,8 +36,10 @@ QString TaskModel::shown(const QDateTime& date) {
 
 void TaskModel::assign(const DISCLOSUREPACKAGE::TaskRecord& record, const PeopleNames& names) {
     QStringList models;
-    appendNames(models, record.disclosureTaskViewportList, [](const auto& link) { return link.viewportName; });
-    appendNames(models, record.disclosureTaskNodeList, [](const auto& link) { return link.nodeName; });
+    appendNames(models, record.disclosureTaskViewportList,
+                [](const auto& link) { return link.viewportName.empty() ? link.viewportId : link.viewportName; });
+    appendNames(models, record.disclosureTaskNodeList,
+                [](const auto& link) { return link.nodeName.empty() ? link.nodeId : link.nodeName; });
     QStringList files;
     appendNames(files, record.disclosureTaskDocList, [](const auto& link) { return link.name; });
     const QString statuses[] = {tr("待交底"), tr("已交底"), tr("交底中"), tr("已过期")};
@@ -49,7 +51,9 @@ void TaskModel::assign(const DISCLOSUREPACKAGE::TaskRecord& record, const People
     set(m_owner, names.shown(record.disclosureUserName, record.disclosureUserRealname), &TaskModel::ownerChanged);
     set(m_ownermodel, names.choices(m_owner), &TaskModel::ownerModelChanged);
     set(m_receiver, shownReceivers(record, names), &TaskModel::receiverChanged);
-    set(m_updateperson, names.shown(record.updateBy), &TaskModel::updatepersonChanged);
+    // The service sends the name that is shown already; a login name is one where it names somebody.
+    set(m_updateperson, names.knows(record.updateBy) ? names.shown(record.updateBy) : text(record.updateBy),
+        &TaskModel::updatepersonChanged);
     set(m_relBIMs, joined(models), &TaskModel::relBIMsChanged);
     set(m_relFiles, joined(files), &TaskModel::relFilesChanged);
     set(m_status, known ? statuses[record.status - 1] : QString(), &TaskModel::statusChanged);
