@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int kKeyboardTries = 40;
+constexpr int kKeyboardTries = 100;
 constexpr int kKeyboardPause = 50;  // milliseconds
 
 /// Gives the window the keyboard unless a modal dialog lies over it. A window manager hears only of top-level windows
@@ -29,6 +29,12 @@ void askForKeyboard(QWindow* window, int tries = kKeyboardTries) {
     const QWindow* modal = QGuiApplication::modalWindow();
     if (modal && modal != top)
         return;
+    if (tries == kKeyboardTries / 2 && window != top) {
+        // On a busy display Qt may have missed that the window has the keyboard; it is told anew when the display takes
+        // it away, as from a window that is hidden.
+        window->hide();
+        window->show();
+    }
     (QGuiApplication::focusWindow() == top ? window : top)->requestActivate();
     QTimer::singleShot(kKeyboardPause, window, [window, tries] { askForKeyboard(window, tries - 1); });
 }
