@@ -65,6 +65,17 @@ bool isControl(char32_t point) {
     return point < 0x20 || (point >= 0x7F && point <= 0x9F);
 }
 
+/// Calls `visit` with each code point until it says false; false when it did, or when the text is not UTF-8.
+template <class Visit>
+bool visitPoints(std::string_view text, Visit&& visit) {
+    while (!text.empty()) {
+        const auto point = takeCodePoint(text);
+        if (!point || !visit(*point))
+            return false;
+    }
+    return true;
+}
+
 bool mayNotBeInName(char32_t point) {
     return isControl(point) || std::u32string_view(U"\\/:*?\"<>|").find(point) != std::u32string_view::npos;
 }
@@ -72,22 +83,18 @@ bool mayNotBeInName(char32_t point) {
 }  // namespace
 
 bool isUtf8(std::string_view text) {
-    while (!text.empty()) {
-        if (!takeCodePoint(text))
-            return false;
-    }
-    return true;
+    return visitPoints(text, [](char32_t) { return true; });
 }
 
 std::optional<std::u32string> codePoints(std::string_view text) {
     std::u32string points;
     points.reserve(text.size());
-    while (!text.empty()) {
-        const auto point = takeCodePoint(text);
-        if (!point)
-            return std::nullopt;
-        points.push_back(*point);
-    }
+    const auto take = [&points](char32_t point) {
+        points.push_back(point);
+        return true;
+    };
+    if (!visitPoints(text, take))
+        return std::nullopt;
     return points;
 }
 
@@ -120,9 +127,12 @@ bool isMailAddress(std::string_view text) {
 }
 
 std::size_t lengthOf(std::string_view text) {
-    const auto points = codePoints(text).value_or(std::u32string());
-    const auto pairs = std::count_if(points.begin(), points.end(), [](char32_t point) { return point > 0xFFFF; });
-    return points.size() + static_cast<std::size_t>(pairs);
+    std::size_t units = 0;
+    const auto count = [&units](char32_t point) {
+        units += point > 0xFFFF ? 2 : 1;
+        return true;
+    };
+    return visitPoints(text, count) ? units : 0;
 }
 
 std::string trimmed(std::string_view text) {
@@ -145,10 +155,10 @@ bool showsSomething(std::string_view text) {
 }
 
 bool hasControls(std::string_view text, bool lines) {
-    const auto points = codePoints(text).value_or(std::u32string());
-    return std::any_of(points.begin(), points.end(), [lines](char32_t point) {
-        return isControl(point) && !(lines && (point == U'\n' || point == U'\r' || point == U'\t'));
-    });
+    const auto mayStand = [lines](char32_t point) {
+        return !isControl(point) || (lines && (point == U'\n' || point == U'\r' || point == U'\t'));
+    };
+    return !visitPoints(text, mayStand);
 }
 
 std::string checkedCatalogName(std::string_view name) {

@@ -129,7 +129,8 @@ private:
     void writeTask(const char* statement, const Task& task);
     /// Writes the task's lists in place of those there are.
     void replaceLists(const Task& task);
-    void addLists(const Task& task);
+    /// Writes them for the task of this number, which has none.
+    void addLists(const Task& task, std::int64_t rid);
     template <class... Used>
     std::vector<PushConfig> readPushConfigs(const char* query, Used&&... used);
     std::vector<Mail> readMails(const char* query, std::int64_t time, const char* name, std::int64_t most);

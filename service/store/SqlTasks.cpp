@@ -133,9 +133,7 @@ bool SqlStore::isOfOrganisation(const std::string& username, const std::string& 
 
 void SqlStore::addTask(const Task& task) {
     writeTask(InsertTask, task);
-    Task stored = task;
-    stored.rid = readNumber(queries::TaskRid, use(task.deptId, "dept"), use(task.id, "id"));
-    addLists(stored);
+    addLists(task, readNumber(queries::TaskRid, use(task.deptId, "dept"), use(task.id, "id")));
 }
 
 void SqlStore::putTask(const Task& task) {
@@ -162,39 +160,46 @@ void SqlStore::replaceLists(const Task& task) {
     for (const char* table : {"task_receiver", "task_viewport", "task_node", "task_doc", "task_attachment"})
         m_statements.run(std::string("DELETE FROM ") + table + " WHERE dept_id = :dept AND task_rid = :rid",
                          use(task.deptId, "dept"), use(task.rid, "rid"));
-    addLists(task);
+    addLists(task, task.rid);
 }
 
-void SqlStore::addLists(const Task& task) {
-    int position = 0;
-    const auto add = [&](const char* statement, auto&&... used) {
-        m_statements.run(statement, use(task.deptId, "dept"), use(task.rid, "rid"), use(position, "position"), used...);
-        ++position;
+void SqlStore::addLists(const Task& task, std::int64_t rid) {
+    const auto bind = [&](soci::statement& statement, const int& position, auto&&... own) {
+        statement.exchange(use(task.deptId, "dept"));
+        statement.exchange(use(rid, "rid"));
+        statement.exchange(use(position, "position"));
+        (statement.exchange(own), ...);
     };
-    for (const TaskReceiver& r : task.receivers)
-        add("INSERT INTO task_receiver VALUES (:dept, :rid, :position, :id, :username, :confirmed)", use(r.id, "id"),
-            use(r.username, "username"), use(r.confirmedAt, "confirmed"));
-    position = 0;
-    for (const TaskViewport& v : task.viewports)
-        add("INSERT INTO task_viewport VALUES (:dept, :rid, :position, :id, :ppid, :target)", use(v.id, "id"),
-            use(v.ppid, "ppid"), use(v.viewportId, "target"));
-    position = 0;
-    for (const TaskNode& n : task.nodes)
-        add("INSERT INTO task_node VALUES (:dept, :rid, :position, :id, :ppid, :target)", use(n.id, "id"),
-            use(n.ppid, "ppid"), use(n.nodeId, "target"));
-    position = 0;
-    for (const TaskDoc& d : task.docs)
-        add("INSERT INTO task_doc VALUES (:dept, :rid, :position, :id, :ppid, :name, :uuid, :md5, :size, :extension, "
-            ":source, :ref)",
-            use(d.id, "id"), use(d.ppid, "ppid"), use(d.name, "name"), use(d.uuid, "uuid"), use(d.md5, "md5"),
-            use(d.size, "size"), use(d.extension, "extension"), use(d.sourceType, "source"), use(d.refDocId, "ref"));
-    position = 0;
-    for (const TaskAttachment& f : task.attachments)
-        add("INSERT INTO task_attachment VALUES (:dept, :rid, :position, :id, :name, :uuid, :md5, :size, :extension, "
-            ":thumb, :thumbmd5, :thumbsize)",
-            use(f.id, "id"), use(f.name, "name"), use(f.uuid, "uuid"), use(f.md5, "md5"), use(f.size, "size"),
-            use(f.extension, "extension"), use(f.thumbnailUuid, "thumb"), use(f.thumbnailMd5, "thumbmd5"),
-            use(f.thumbnailSize, "thumbsize"));
+    m_statements.runEach("INSERT INTO task_receiver VALUES (:dept, :rid, :position, :id, :username, :confirmed)",
+                         task.receivers, [&](auto& statement, const TaskReceiver& r, const int& position) {
+                             bind(statement, position, use(r.id, "id"), use(r.username, "username"),
+                                  use(r.confirmedAt, "confirmed"));
+                         });
+    m_statements.runEach("INSERT INTO task_viewport VALUES (:dept, :rid, :position, :id, :ppid, :target)",
+                         task.viewports, [&](auto& statement, const TaskViewport& v, const int& position) {
+                             bind(statement, position, use(v.id, "id"), use(v.ppid, "ppid"),
+                                  use(v.viewportId, "target"));
+                         });
+    m_statements.runEach("INSERT INTO task_node VALUES (:dept, :rid, :position, :id, :ppid, :target)", task.nodes,
+                         [&](auto& statement, const TaskNode& n, const int& position) {
+                             bind(statement, position, use(n.id, "id"), use(n.ppid, "ppid"), use(n.nodeId, "target"));
+                         });
+    m_statements.runEach(
+        "INSERT INTO task_doc VALUES (:dept, :rid, :position, :id, :ppid, :name, :uuid, :md5, :size, :extension, "
+        ":source, :ref)",
+        task.docs, [&](auto& statement, const TaskDoc& d, const int& position) {
+            bind(statement, position, use(d.id, "id"), use(d.ppid, "ppid"), use(d.name, "name"), use(d.uuid, "uuid"),
+                 use(d.md5, "md5"), use(d.size, "size"), use(d.extension, "extension"), use(d.sourceType, "source"),
+                 use(d.refDocId, "ref"));
+        });
+    m_statements.runEach(
+        "INSERT INTO task_attachment VALUES (:dept, :rid, :position, :id, :name, :uuid, :md5, :size, :extension, "
+        ":thumb, :thumbmd5, :thumbsize)",
+        task.attachments, [&](auto& statement, const TaskAttachment& f, const int& position) {
+            bind(statement, position, use(f.id, "id"), use(f.name, "name"), use(f.uuid, "uuid"), use(f.md5, "md5"),
+                 use(f.size, "size"), use(f.extension, "extension"), use(f.thumbnailUuid, "thumb"),
+                 use(f.thumbnailMd5, "thumbmd5"), use(f.thumbnailSize, "thumbsize"));
+        });
 }
 
 }  // namespace disclosure

@@ -11,8 +11,8 @@
 namespace disclosure {
 
 /// The statements of one connection. Those that are known beforehand are compiled at their first use and kept, because
-/// compiling costs more than most of them take to run. What is bound is given by soci::into and soci::use; it must
-/// outlive the call only.
+/// compiling costs more than most of them take to run. What is bound is given by soci::into and soci::use, called
+/// among the arguments: these refer to the variable and to its name, and both must outlive the call.
 class Statements {
 public:
     explicit Statements(soci::session& sql) : m_sql(sql) {}
@@ -24,6 +24,23 @@ public:
         statement.bind(std::forward<Bound>(bound)...);
         statement->execute(true);
         return statement->get_affected_rows();
+    }
+
+    /// Runs a statement for every element of a list. `bind` gives it, by its `exchange`, what refers to the element in
+    /// turn and to its position.
+    template <class Element, class Bind>
+    void runEach(std::string_view text, const std::vector<Element>& elements, Bind&& bind) {
+        if (elements.empty())
+            return;
+        Element element;
+        int position = 0;
+        Kept statement(*this, text);
+        bind(*statement, std::as_const(element), std::as_const(position));
+        statement->define_and_bind();
+        for (; position < std::ssize(elements); ++position) {
+            element = elements[static_cast<std::size_t>(position)];
+            statement->execute(true);
+        }
     }
 
     /// Reads the row of a query that gives one at most; false when there is none.
