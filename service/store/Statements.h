@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <soci/soci.h>
 #include <string>
 #include <string_view>
