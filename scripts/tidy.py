@@ -32,6 +32,11 @@ def dependencies():
     return found
 
 
+def object_of(unit):
+    """The object file as ninja names it; not every version of CMake tells it by itself."""
+    return unit.get("output") or re.search(r" -o (\S+)", unit["command"]).group(1)
+
+
 def key(unit, files):
     digest = hashlib.sha256(unit["command"].replace(str(ROOT), "").encode())
     for path in [ROOT / ".clang-tidy", *sorted(set(files))]:
@@ -51,7 +56,7 @@ def main():
     CACHE.mkdir(parents=True, exist_ok=True)
     todo = []
     for unit in units:
-        stamp = CACHE / key(unit, deps.get(unit.get("output", ""), []) + [pathlib.Path(unit["file"])])
+        stamp = CACHE / key(unit, deps[object_of(unit)] + [pathlib.Path(unit["file"])])
         if not stamp.exists():
             todo.append((unit, stamp))
     print(f"clang-tidy: {len(todo)} of {len(units)} files", flush=True)
