@@ -122,9 +122,6 @@ public:
 private:
     /// The tasks of these numbers with their lists, in this order.
     std::vector<Task> readTasks(const std::string& deptId, const std::vector<std::int64_t>& rids);
-    template <class Each>
-    void readLists(const Each& each, const std::string& deptId, const std::string& rids,
-                   const std::unordered_map<std::int64_t, Task*>& tasks);
     /// Runs a statement that names every column of a task.
     void writeTask(const char* statement, const Task& task);
     /// Writes the task's lists in place of those there are.

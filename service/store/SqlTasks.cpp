@@ -31,12 +31,10 @@ std::string listed(const std::vector<std::int64_t>& rids) {
     return text;
 }
 
-}  // namespace
-
 /// `each` runs a query, given what is called after each row and what the row goes to.
 template <class Each>
-void SqlStore::readLists(const Each& each, const std::string& deptId, const std::string& rids,
-                         const std::unordered_map<std::int64_t, Task*>& tasks) {
+void readLists(const Each& each, const std::string& deptId, const std::string& rids,
+               const std::unordered_map<std::int64_t, Task*>& tasks) {
     const auto read = [&](const char* columns, const auto& row, const auto& add, auto&&... fields) {
         std::int64_t rid = 0;
         each(
@@ -71,6 +69,8 @@ void SqlStore::readLists(const Each& each, const std::string& deptId, const std:
         file, [](Task& task, const TaskAttachment& row) { task.attachments.push_back(row); }, file.id, file.name,
         file.uuid, file.md5, file.size, file.extension, file.thumbnailUuid, file.thumbnailMd5, file.thumbnailSize);
 }
+
+}  // namespace
 
 std::vector<Task> SqlStore::readTasks(const std::string& deptId, const std::vector<std::int64_t>& rids) {
     std::vector<Task> tasks(rids.size());
