@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "service/Commands.h"
-#include "service/Settings.h"
+#include "service/commands/Commands.h"
+#include "service/commands/Settings.h"
 
 namespace {
 

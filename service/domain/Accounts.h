@@ -4,8 +4,8 @@
 #include <string>
 
 #include "service/domain/Passwords.h"
-#include "service/domain/Records.h"
-#include "service/store/IStore.h"
+#include "service/ports/IStore.h"
+#include "service/ports/Records.h"
 
 namespace disclosure {
 

@@ -1,18 +1,37 @@
 #include "service/domain/Catalogs.h"
 
+#include <algorithm>
 #include <boost/uuid/random_generator.hpp>
 #include <boost/uuid/uuid_io.hpp>
 
 #include "service/domain/Refusal.h"
-#include "service/domain/Text.h"
+#include "service/text/Text.h"
 
 namespace disclosure {
+
+namespace {
+
+constexpr std::size_t LongestName = 128;  // UTF-16 units, as the clients count
+
+/// A name as it is stored: without the blanks around it. Throws `Refusal` when it may not be one.
+std::string checkedName(const std::string& name) {
+    if (!isUtf8(name) || hasControls(name, false) || name.find_first_of("\\/:*?\"<>|") != std::string::npos)
+        throw Refusal(reasons::NameForbidden);
+    std::string checked = trimmed(name);
+    if (!showsSomething(checked))
+        throw Refusal(reasons::NameEmpty);
+    if (lengthOf(checked) > LongestName)
+        throw Refusal(reasons::NameTooLong);
+    return checked;
+}
+
+}  // namespace
 
 void Catalogs::save(const std::string& deptId, std::string id, const std::string& name, const std::string& parentId) {
     Catalog added;
     added.deptId = deptId;
     added.parentId = parentId;
-    added.name = checkedCatalogName(name);
+    added.name = checkedName(name);
 
     if (id.empty()) {
         id = boost::uuids::to_string(boost::uuids::random_generator()());
@@ -45,7 +64,7 @@ void Catalogs::save(const std::string& deptId, std::string id, const std::string
 }
 
 void Catalogs::rename(const Catalog& catalog, const std::string& name) {
-    const std::string wanted = checkedCatalogName(name);
+    const std::string wanted = checkedName(name);
     if (wanted == catalog.name)
         return;
     if (catalog.parentId.empty())

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "service/domain/Records.h"
-#include "service/store/ICatalogStore.h"
+#include "service/ports/ICatalogStore.h"
+#include "service/ports/Records.h"
 
 namespace disclosure {
 

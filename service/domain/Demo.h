@@ -1,7 +1,7 @@
 #pragma once
 
 #include "service/domain/Passwords.h"
-#include "service/store/IStore.h"
+#include "service/ports/IStore.h"
 
 namespace disclosure {
 

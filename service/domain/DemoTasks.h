@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "service/store/IStore.h"
+#include "service/ports/IStore.h"
 
 namespace disclosure {
 

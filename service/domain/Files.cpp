@@ -6,7 +6,7 @@
 #include "service/domain/Passwords.h"
 #include "service/domain/Refusal.h"
 #include "service/domain/TaskChecks.h"
-#include "service/domain/Text.h"
+#include "service/text/Text.h"
 
 namespace disclosure {
 

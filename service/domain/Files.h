@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "service/domain/FileRecords.h"
-#include "service/store/IStore.h"
+#include "service/ports/FileRecords.h"
+#include "service/ports/IStore.h"
 
 namespace disclosure {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "service/domain/Passwords.h"
-#include "service/store/IStore.h"
+#include "service/ports/IStore.h"
 
 namespace disclosure {
 

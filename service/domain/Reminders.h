@@ -5,10 +5,10 @@
 #include <set>
 #include <string>
 
-#include "service/domain/GoOn.h"
 #include "service/domain/LocalDays.h"
-#include "service/domain/Records.h"
-#include "service/store/IStore.h"
+#include "service/ports/GoOn.h"
+#include "service/ports/IStore.h"
+#include "service/ports/Records.h"
 
 namespace disclosure {
 

@@ -5,7 +5,7 @@
 
 #include "service/domain/Refusal.h"
 #include "service/domain/Tasks.h"
-#include "service/domain/Text.h"
+#include "service/text/Text.h"
 
 namespace disclosure {
 

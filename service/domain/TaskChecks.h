@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "service/domain/TaskRecords.h"
+#include "service/ports/TaskRecords.h"
 
 namespace disclosure {
 

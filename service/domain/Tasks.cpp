@@ -7,7 +7,7 @@
 
 #include "service/domain/Refusal.h"
 #include "service/domain/TaskChecks.h"
-#include "service/domain/Text.h"
+#include "service/text/Text.h"
 
 namespace disclosure {
 
@@ -83,20 +83,6 @@ TaskContent movedTo(TaskContent content, const std::string& catalogId) {
 }
 
 }  // namespace
-
-TaskStatus Task::state() const {
-    if (!published)
-        return TaskStatus::Waiting;
-    const auto confirmed =
-        std::count_if(receivers.begin(), receivers.end(), [](const TaskReceiver& r) { return r.confirmedAt != 0; });
-    if (confirmedAt != 0 && confirmed == std::ssize(receivers))
-        return TaskStatus::Disclosed;
-    return confirmedAt != 0 || confirmed > 0 ? TaskStatus::Disclosing : TaskStatus::Waiting;
-}
-
-std::int64_t Task::deadline() const {
-    return expiry == 0 || state() == TaskStatus::Disclosed ? Never : expiry + Day;
-}
 
 void Tasks::save(const std::string& deptId, std::string id, TaskContent content) {
     check(deptId, content, {});

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "service/domain/Rights.h"
-#include "service/domain/TaskRecords.h"
-#include "service/store/IStore.h"
+#include "service/ports/IStore.h"
+#include "service/ports/Rights.h"
+#include "service/ports/TaskRecords.h"
 
 namespace disclosure {
 

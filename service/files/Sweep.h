@@ -3,9 +3,9 @@
 #include <chrono>
 #include <cstdint>
 
-#include "service/domain/GoOn.h"
 #include "service/files/FileFolder.h"
-#include "service/store/IStore.h"
+#include "service/ports/GoOn.h"
+#include "service/ports/IStore.h"
 
 namespace disclosure {
 

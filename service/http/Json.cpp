@@ -2,8 +2,8 @@
 
 #include <set>
 
-#include "service/domain/Text.h"
 #include "service/http/HttpError.h"
+#include "service/text/Text.h"
 
 namespace disclosure {
 

@@ -3,7 +3,7 @@
 #include <spdlog/spdlog.h>
 
 #include "service/files/FileFolder.h"
-#include "service/store/IStore.h"
+#include "service/ports/IStore.h"
 
 namespace disclosure {
 

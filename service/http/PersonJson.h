@@ -1,7 +1,7 @@
 #pragma once
 
-#include "service/domain/Records.h"
 #include "service/http/Json.h"
+#include "service/ports/Records.h"
 
 namespace disclosure {
 

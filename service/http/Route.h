@@ -10,11 +10,11 @@
 #include <vector>
 
 #include "service/domain/Accounts.h"
-#include "service/domain/Rights.h"
 #include "service/files/FileFolder.h"
 #include "service/http/Messages.h"
 #include "service/http/Target.h"
-#include "service/store/IStore.h"
+#include "service/ports/IStore.h"
+#include "service/ports/Rights.h"
 
 namespace disclosure {
 

@@ -4,8 +4,8 @@
 #include <boost/beast/core/string.hpp>
 #include <charconv>
 
-#include "service/domain/Text.h"
 #include "service/http/HttpError.h"
+#include "service/text/Text.h"
 
 namespace disclosure {
 

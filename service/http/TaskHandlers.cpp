@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <map>
 
-#include "service/domain/Text.h"
 #include "service/http/QueryValues.h"
 #include "service/http/TaskJson.h"
+#include "service/text/Text.h"
 
 namespace disclosure {
 

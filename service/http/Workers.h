@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-#include "service/store/IStore.h"
+#include "service/ports/IStore.h"
 
 namespace disclosure {
 

@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "service/domain/Text.h"
+#include "service/text/Text.h"
 
 namespace disclosure {
 

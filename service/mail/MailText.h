@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "service/domain/ReminderRecords.h"
+#include "service/ports/ReminderRecords.h"
 
 namespace disclosure {
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <utility>
 
-#include "service/domain/Text.h"
 #include "service/mail/MailText.h"
+#include "service/text/Text.h"
 
 namespace disclosure {
 

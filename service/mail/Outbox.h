@@ -5,7 +5,7 @@
 
 #include "service/domain/Reminders.h"
 #include "service/mail/IMailSender.h"
-#include "service/store/IStore.h"
+#include "service/ports/IStore.h"
 
 namespace disclosure {
 

@@ -6,7 +6,7 @@
 #include <sqlite3.h>
 #include <stdexcept>
 
-#include "service/domain/Text.h"
+#include "service/text/Text.h"
 
 namespace disclosure {
 

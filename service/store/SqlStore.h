@@ -5,7 +5,7 @@
 #include <soci/soci.h>
 #include <string>
 
-#include "service/store/IStore.h"
+#include "service/ports/IStore.h"
 #include "service/store/Statements.h"
 #include "service/store/TaskPlan.h"
 

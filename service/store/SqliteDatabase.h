@@ -4,7 +4,7 @@
 #include <soci/soci.h>
 #include <string>
 
-#include "service/store/IStore.h"
+#include "service/ports/IStore.h"
 
 namespace disclosure {
 

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "service/domain/TaskRecords.h"
+#include "service/ports/TaskRecords.h"
 
 namespace disclosure {
 

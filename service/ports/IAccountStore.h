@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "service/domain/Records.h"
+#include "service/ports/Records.h"
 
 namespace disclosure {
 

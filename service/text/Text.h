@@ -31,7 +31,4 @@ bool showsSomething(std::string_view text);
 /// Whether the text holds a control character; with `lines`, tabs and line ends are none.
 bool hasControls(std::string_view text, bool lines);
 
-/// A catalog's name as it is stored: without the blanks around it. Throws `Refusal` when it may not be a name.
-std::string checkedCatalogName(std::string_view name);
-
 }  // namespace disclosure

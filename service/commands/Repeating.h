@@ -7,7 +7,7 @@
 #include <string>
 #include <thread>
 
-#include "service/domain/GoOn.h"
+#include "service/ports/GoOn.h"
 
 namespace disclosure {
 

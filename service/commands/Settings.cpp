@@ -1,4 +1,4 @@
-#include "service/Settings.h"
+#include "service/commands/Settings.h"
 
 #include <charconv>
 #include <cstdlib>
@@ -9,7 +9,7 @@
 #include <thread>
 #include <toml++/toml.h>
 
-#include "service/domain/Text.h"
+#include "service/text/Text.h"
 
 namespace disclosure {
 

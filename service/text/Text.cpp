@@ -1,17 +1,14 @@
-#include "service/domain/Text.h"
+#include "service/text/Text.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
 #include <utility>
 
-#include "service/domain/Refusal.h"
-
 namespace disclosure {
 
 namespace {
 
-constexpr std::size_t LongestName = 128;  // UTF-16 units, as the clients count
 constexpr std::size_t LongestId = 64;
 
 /// The bytes of a code point after its first one, by the first byte; -1 when no code point begins so.
@@ -74,10 +71,6 @@ bool visitPoints(std::string_view text, Visit&& visit) {
             return false;
     }
     return true;
-}
-
-bool mayNotBeInName(char32_t point) {
-    return isControl(point) || std::u32string_view(U"\\/:*?\"<>|").find(point) != std::u32string_view::npos;
 }
 
 }  // namespace
@@ -159,18 +152,6 @@ bool hasControls(std::string_view text, bool lines) {
         return !isControl(point) || (lines && (point == U'\n' || point == U'\r' || point == U'\t'));
     };
     return !visitPoints(text, mayStand);
-}
-
-std::string checkedCatalogName(std::string_view name) {
-    const auto points = codePoints(name);
-    if (!points || std::any_of(points->begin(), points->end(), mayNotBeInName))
-        throw Refusal(reasons::NameForbidden);
-    std::string checked = trimmed(name);
-    if (!showsSomething(checked))
-        throw Refusal(reasons::NameEmpty);
-    if (lengthOf(checked) > LongestName)
-        throw Refusal(reasons::NameTooLong);
-    return checked;
 }
 
 }  // namespace disclosure

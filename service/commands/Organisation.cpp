@@ -1,10 +1,10 @@
-#include "service/Organisation.h"
+#include "service/commands/Organisation.h"
 
 #include <cstdint>
 #include <stdexcept>
 #include <toml++/toml.h>
 
-#include "service/domain/Text.h"
+#include "service/text/Text.h"
 
 namespace disclosure {
 

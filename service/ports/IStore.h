@@ -4,12 +4,14 @@
 #include <memory>
 #include <string>
 
-#include "service/store/IAccountStore.h"
-#include "service/store/ICatalogStore.h"
-#include "service/store/IFileStore.h"
-#include "service/store/IOrganisationStore.h"
-#include "service/store/IReminderStore.h"
-#include "service/store/ITaskStore.h"
+#include "service/ports/IAccountStore.h"
+#include "service/ports/ICatalogStore.h"
+#include "service/ports/IFileStore.h"
+#include "service/ports/IOrganisationStore.h"
+#include "service/ports/IPushConfigStore.h"
+#include "service/ports/IReminderStore.h"
+#include "service/ports/ITaskLogStore.h"
+#include "service/ports/ITaskStore.h"
 
 namespace disclosure {
 
@@ -18,6 +20,8 @@ class IStore : public IAccountStore,
                public IOrganisationStore,
                public ICatalogStore,
                public ITaskStore,
+               public ITaskLogStore,
+               public IPushConfigStore,
                public IFileStore,
                public IReminderStore {
 public:

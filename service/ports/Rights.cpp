@@ -1,4 +1,4 @@
-#include "service/domain/Rights.h"
+#include "service/ports/Rights.h"
 
 #include <array>
 #include <utility>

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "service/domain/Records.h"
-#include "service/domain/TaskRecords.h"
+#include "service/ports/Records.h"
+#include "service/ports/TaskRecords.h"
 
 namespace disclosure {
 
@@ -19,8 +19,6 @@ public:
     /// The tasks of this id that the person may see: those of their departments, those they are to disclose, and the
     /// published ones they are to receive.
     virtual std::vector<TaskKey> tasksOfPerson(const std::string& username, const std::string& id) = 0;
-    /// Whether the person belongs to the same organisation as the department.
-    virtual bool isOfOrganisation(const std::string& username, const std::string& deptId) = 0;
 
     virtual void addTask(const Task& task) = 0;
     /// Adds the department's tasks that `next` gives until it says no. For very many: it begins and ends with work on
@@ -30,19 +28,6 @@ public:
     /// Makes the stored task and its lists equal to `task`, found by its number.
     virtual void putTask(const Task& task) = 0;
     virtual void removeTask(const TaskKey& key) = 0;
-
-    virtual void addLog(const LogEntry& entry) = 0;
-    /// Notes for every task in the catalog and below it what `entry` says.
-    virtual void addLogForSubtree(const LogEntry& entry, const std::string& catalogId) = 0;
-    virtual std::vector<LogEntry> logOf(const std::string& deptId, const std::string& taskId) = 0;
-
-    virtual std::optional<PushConfig> pushConfig(const std::string& deptId) = 0;
-    virtual std::vector<PushConfig> pushConfigsOfMember(const std::string& username, const std::string& id) = 0;
-    virtual void putPushConfig(const PushConfig& config) = 0;
-
-    /// The departments that the person may see, and the people in them, each once.
-    virtual std::vector<Department> departmentsOf(const std::string& username) = 0;
-    virtual std::vector<Person> colleaguesOf(const std::string& username) = 0;
 
 protected:
     ~ITaskStore() = default;

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "service/Settings.h"
+#include "service/commands/Settings.h"
 #include "service/domain/LoadData.h"
-#include "service/store/IStore.h"
+#include "service/ports/IStore.h"
 
 /// What each subcommand does; each returns the exit code, and throws with a reason for the user when it cannot be done.
 namespace disclosure::commands {

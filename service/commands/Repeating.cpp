@@ -1,8 +1,8 @@
-#include "service/Repeating.h"
+#include "service/commands/Repeating.h"
 
 #include <spdlog/spdlog.h>
 
-#include "service/store/IStore.h"
+#include "service/ports/IStore.h"
 
 namespace disclosure {
 

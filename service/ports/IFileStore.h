@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "service/domain/FileRecords.h"
+#include "service/ports/FileRecords.h"
 
 namespace disclosure {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "service/domain/Records.h"
-#include "service/domain/Rights.h"
+#include "service/ports/Records.h"
+#include "service/ports/Rights.h"
 
 namespace disclosure {
 
@@ -21,6 +21,12 @@ public:
     virtual std::vector<Project> projectsOf(const std::string& username) = 0;
     /// The person's rights in the department; nothing when not a member of it or of one above it.
     virtual std::optional<Rights> rightsOf(const std::string& username, const std::string& deptId) = 0;
+
+    /// The departments that the person may see, and the people in them, each once.
+    virtual std::vector<Department> departmentsOf(const std::string& username) = 0;
+    virtual std::vector<Person> colleaguesOf(const std::string& username) = 0;
+    /// Whether the person belongs to the same organisation as the department.
+    virtual bool isOfOrganisation(const std::string& username, const std::string& deptId) = 0;
 
     virtual void putDepartment(const Department& department) = 0;
     virtual void putProject(const Project& project) = 0;

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "service/store/IStore.h"
+#include "service/ports/IStore.h"
 
 namespace disclosure {
 

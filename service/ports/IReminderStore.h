@@ -5,16 +5,14 @@
 #include <string>
 #include <vector>
 
-#include "service/domain/ReminderRecords.h"
-#include "service/domain/TaskRecords.h"
+#include "service/ports/ReminderRecords.h"
+#include "service/ports/TaskRecords.h"
 
 namespace disclosure {
 
 /// What reminding needs to know, the messages it makes, and the mails that wait to be sent.
 class IReminderStore {
 public:
-    /// The settings of the departments that want to be reminded of anything.
-    virtual std::vector<PushConfig> remindingConfigs() = 0;
     virtual std::optional<ReminderRun> reminderRun(const std::string& deptId, ReminderKind kind) = 0;
     virtual void putReminderRun(const ReminderRun& run) = 0;
     /// The department's undisclosed tasks after the place, as far as their planned date or deadline is not after
