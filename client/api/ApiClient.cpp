@@ -1,6 +1,10 @@
 #include "client/api/ApiClient.h"
 
+#include <atomic>
+#include <boost/asio/steady_timer.hpp>
+#include <cerrno>
 #include <cpprest/http_client.h>
+#include <pplx/threadpool.h>
 
 #include "client/api/ApiException.h"
 #include "client/model/ModelBase.h"
@@ -11,6 +15,9 @@ namespace io::swagger::client::api {
 namespace {
 
 using web::http::http_request;
+
+// The library looks for silence piece by piece: a slow line has to get a piece through, not the whole answer.
+constexpr std::size_t kPiece = 4096;
 
 void checkArguments(bool hasBody, bool hasForm, bool hasFiles, const utility::string_t& contentType) {
     if (hasBody && hasForm)
@@ -26,8 +33,11 @@ void writeMultipart(http_request& request, const ApiClient::Texts& formParams, c
     for (const auto& [name, value] : formParams)
         multipart.add(model::ModelBase::toHttpContent(name, value));
     for (const auto& [name, file] : fileParams)
-        if (file)
-            multipart.add(file);
+        if (file) {
+            const auto part = std::make_shared<model::HttpContent>(*file);
+            part->setName(name);
+            multipart.add(part);
+        }
     multipart.writeTo(request);
 }
 
@@ -50,9 +60,80 @@ void writeJson(http_request& request, const ApiClient::Texts& formParams) {
     request.set_body(body);
 }
 
+/// The library looks the host's name up as it stands, and no name has the brackets of an IPv6 address.
+utility::string_t connectable(utility::string_t url) {
+#ifndef _WIN32
+    const auto open = url.find(_XPLATSTR("//["));
+    const auto close = url.find(']', open);
+    if (open != utility::string_t::npos && close != utility::string_t::npos) {
+        url.erase(close, 1);
+        url.erase(open + 2, 1);
+    }
+#endif
+    return url;
+}
+
+/// A request that is ended when it has not gone out within its limit.
+class Connecting : public std::enable_shared_from_this<Connecting> {
+public:
+    explicit Connecting(const pplx::cancellation_token& calls)
+        : m_end(pplx::cancellation_token_source::create_linked_source(const_cast<pplx::cancellation_token&>(calls))),
+          m_timer(crossplat::threadpool::shared_instance().service()) {}
+
+    pplx::task<web::http::http_response> send(web::http::client::http_client& client, http_request& request,
+                                              std::chrono::milliseconds limit) {
+        if (limit.count() > 0) {
+            m_timer.expires_after(limit);
+            m_timer.async_wait([self = shared_from_this()](const boost::system::error_code& error) {
+                if (!error && !self->m_isOut.exchange(true)) {
+                    self->m_isLate = true;
+                    self->m_end.cancel();
+                }
+            });
+            // The library tells of the first progress when the request is out.
+            request.set_progress_handler([self = shared_from_this()](auto, auto) { self->goneOut(); });
+        }
+        return client.request(request, m_end.get_token())
+            .then([self = shared_from_this()](const pplx::task<web::http::http_response>& answer) {
+                self->goneOut();
+                try {
+                    return answer.get();
+                } catch (const std::exception&) {
+                    if (self->m_isLate)
+                        throw web::http::http_exception(ETIMEDOUT, std::generic_category());
+                    throw;
+                }
+            });
+    }
+
+private:
+    void goneOut() {
+        if (!m_isOut.exchange(true))
+            m_timer.cancel();
+    }
+
+    pplx::cancellation_token_source m_end;
+    boost::asio::steady_timer m_timer;
+    std::atomic<bool> m_isOut = false;
+    std::atomic<bool> m_isLate = false;
+};
+
 }  // namespace
 
 ApiConfiguration::ApiConfiguration() : m_httpConfig(std::make_shared<HttpConfig>()) {}
+
+void ApiConfiguration::setBaseUrl(const utility::string_t& baseUrl) {
+    m_baseUrl = baseUrl;
+    while (!m_baseUrl.empty() && m_baseUrl.back() == '/')
+        m_baseUrl.pop_back();
+}
+
+void ApiConfiguration::setLimits(std::chrono::milliseconds connect, std::chrono::milliseconds silence) {
+    m_connectLimit = connect;
+    HttpConfig config = *m_httpConfig;
+    config.set_timeout(silence);
+    setHttpConfig(config);
+}
 
 utility::string_t ApiConfiguration::getApiKey(const utility::string_t& name) const {
     const auto found = m_apiKeys.find(name);
@@ -87,9 +168,12 @@ pplx::task<web::http::http_response> ApiClient::callApi(const utility::string_t&
 
     auto httpConfig = m_configuration->getHttpConfig();
     httpConfig.set_max_redirects(0);  // a redirect means that the session has expired, so the caller must see it
-    web::http::client::http_client client(m_configuration->getBaseUrl(), httpConfig);
+    httpConfig.set_chunksize(kPiece);
+    web::http::client::http_client client(connectable(m_configuration->getBaseUrl()), httpConfig);
 
     http_request request(method);
+    request.headers().add(web::http::header_names::host,
+                          web::uri(m_configuration->getBaseUrl()).authority().to_string());
     if (!m_configuration->getUserAgent().empty())
         request.headers().add(web::http::header_names::user_agent, m_configuration->getUserAgent());
     for (const auto& [name, value] : m_configuration->getDefaultHeaders())
@@ -110,7 +194,8 @@ pplx::task<web::http::http_response> ApiClient::callApi(const utility::string_t&
     for (const auto& [name, value] : queryParams)
         uri.append_query(name, value);
     request.set_request_uri(uri.to_uri());
-    return client.request(request);
+    return std::make_shared<Connecting>(m_configuration->getCancellation())
+        ->send(client, request, m_configuration->getConnectLimit());
 }
 
 }  // namespace io::swagger::client::api

@@ -49,6 +49,9 @@ class ControllerApi {
 public:
     explicit ControllerApi(std::shared_ptr<ApiClient> apiClient) : m_apiClient(std::move(apiClient)) {}
 
+    /// Gives up what was called under the client's configuration.
+    void cancelCalls() const { m_apiClient->getConfiguration()->cancelCalls(); }
+
 protected:
     ~ControllerApi() = default;
 

@@ -35,7 +35,7 @@ void Model::fromJson(web::json::value& val) {
         const auto found = std::find_if(object.begin(), object.end(),
                                         [field](const auto& member) { return member.first == field->m_key; });
         if (found != object.end())
-            field->fromJson(found->second);
+            read(*field, found->second);
     }
 }
 

@@ -53,6 +53,10 @@ public:
     /// The first field, from which `next()` leads on; null for a record without fields.
     const FieldBase* fields() const { return m_first; }
 
+protected:
+    /// Reads one field of this record.
+    virtual void read(FieldBase& field, web::json::value& val) { field.fromJson(val); }
+
 private:
     friend class FieldBase;
 

@@ -25,12 +25,10 @@ bool CFileDownloadMgr::Download(const BASEPACKAGE::DownloadRequest& request, std
         message = (deptId.empty() ? tr("请先打开工程") : tr("不支持的下载方式")).toStdWString();
         return false;
     }
-    ProgressDialog::Transfer shown(m_progress, tr("正在下载文件，请稍后..."), nullptr);
-    const Answer answer =
-        m_client.download("/rs/platform/files/" + QUrl::toPercentEncoding(QString::fromStdWString(request.fileKey)),
-                          queryOf({{"deptId", deptId}}),
-                          {QDir::fromNativeSeparators(QString::fromStdWString(request.path)), m_patience,
-                           [&](qint64 done, qint64 total) { return shown.advance(done, total); }});
+    const ProgressDialog::Scope shown(m_progress, tr("正在下载文件，请稍后..."), nullptr);
+    const Answer answer = m_client.download(
+        "/rs/platform/files/" + QUrl::toPercentEncoding(QString::fromStdWString(request.fileKey)),
+        queryOf({{"deptId", deptId}}), {QDir::fromNativeSeparators(QString::fromStdWString(request.path)), m_patience});
     message = answer.text.toStdWString();
     return answer.ok();
 }

@@ -55,10 +55,9 @@ QString CFileUploadMgr::upload(const BASEPACKAGE::UploadRequest& request, BASEPA
         return tr("文件过大，无法上传");
     const std::wstring name = request.name.empty() ? file.fileName().toStdWString() : request.name;
 
-    ProgressDialog::Transfer shown(m_progress, tr("正在上传文件，请稍后..."), owner);
-    const Answer answer = m_client.upload(
-        "/rs/platform/files", queryOf({{"deptId", deptId}, {"name", name}}),
-        {file.filePath(), patience, [&](qint64 done, qint64 total) { return shown.advance(done, total); }});
+    const ProgressDialog::Scope shown(m_progress, tr("正在上传文件，请稍后..."), owner);
+    const Answer answer = m_client.upload("/rs/platform/files", queryOf({{"deptId", deptId}, {"name", name}}),
+                                          {file.filePath(), patience});
     if (!answer.ok())
         return answer.text;
 

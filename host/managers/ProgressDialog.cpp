@@ -30,6 +30,7 @@ namespace {
 constexpr int kLongestWaitMs = 300;
 constexpr QSize kTextSize(320, 40);
 constexpr int kSteps = 1000;
+constexpr qint64 kSecond = 1000;
 constexpr double kMiB = 1024.0 * 1024.0;
 constexpr auto kNoTimers = QEventLoop::X11ExcludeTimers;
 
@@ -45,53 +46,6 @@ void paintNow(QWidget& widget) {
     widget.repaint();
     QCoreApplication::processEvents(kWhat);
 }
-
-bool isInput(QEvent::Type type) {
-    switch (type) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::MouseMove:
-        case QEvent::Wheel:
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-        case QEvent::ShortcutOverride:
-        case QEvent::Shortcut:
-        case QEvent::InputMethod:
-        case QEvent::ContextMenu:
-        case QEvent::TouchBegin:
-        case QEvent::TouchUpdate:
-        case QEvent::TouchEnd:
-        case QEvent::TabletPress:
-        case QEvent::TabletRelease:
-        case QEvent::NativeGesture:
-        case QEvent::DragEnter:
-        case QEvent::Drop:
-        case QEvent::Close:
-            return true;
-        default:
-            return false;
-    }
-}
-
-/// While it lives, input reaches one window only.
-class InputGate : public QObject {
-public:
-    explicit InputGate(const QWidget* open) : m_open(open) { QCoreApplication::instance()->installEventFilter(this); }
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (!isInput(event->type()) || !(watched->isWindowType() || watched->isWidgetType()))
-            return false;
-        const auto* widget = qobject_cast<QWidget*>(watched);
-        if (m_open && (watched == m_open->windowHandle() || (widget && widget->window() == m_open)))
-            return false;
-        event->ignore();
-        return true;
-    }
-
-private:
-    QPointer<const QWidget> m_open;  // may go while events are handled
-};
 
 }  // namespace
 
@@ -138,7 +92,7 @@ void ProgressDialog::show(const QString& title, const QString& text, QWidget* ow
         layout->addWidget(m_details);
         m_dialog->setFocusPolicy(Qt::StrongFocus);
         m_dialog->setFocus();
-        showDetermined(false);
+        EndWaiting();
     }
     m_dialog->setWindowTitle(title);
     m_text->setText(text);
@@ -146,44 +100,48 @@ void ProgressDialog::show(const QString& title, const QString& text, QWidget* ow
     paintNow(*m_dialog);
 }
 
-void ProgressDialog::showDetermined(bool determined) {
-    m_dialog->canCancel = determined;
-    m_dialog->isCancelled = false;
-    m_bar->setRange(0, determined ? kSteps : 0);
-    m_bar->setValue(0);
-    m_amount->clear();
-    m_details->setVisible(determined);
+QWidget* ProgressDialog::GetWindow() const {
+    return m_dialog;
 }
 
-ProgressDialog::Transfer::Transfer(ProgressDialog& dialog, const QString& text, QWidget* owner)
+bool ProgressDialog::ShowWaiting(bool canCancel, int64_t done, int64_t total) {
+    if (!m_dialog)
+        return true;
+    if (!m_waiting.isValid())
+        m_waiting.start();
+    m_dialog->canCancel = canCancel;
+    m_cancel->setVisible(canCancel);
+    m_details->show();
+    m_bar->setRange(0, total > 0 ? kSteps : 0);
+    if (total > 0) {
+        const auto inMB = [](int64_t bytes) { return QString::number(static_cast<double>(bytes) / kMiB, 'f', 1); };
+        m_bar->setValue(static_cast<int>(done * kSteps / total));
+        m_amount->setText(tr("%1 MB / %2 MB").arg(inMB(done), inMB(total)));
+    } else {
+        m_amount->setText(tr("已等待 %1 秒").arg(m_waiting.elapsed() / kSecond));
+    }
+    return !m_dialog->isCancelled;
+}
+
+void ProgressDialog::EndWaiting() {
+    m_waiting.invalidate();
+    if (!m_dialog)
+        return;
+    m_dialog->canCancel = false;
+    m_dialog->isCancelled = false;
+    m_bar->setRange(0, 0);
+    m_details->hide();
+}
+
+ProgressDialog::Scope::Scope(ProgressDialog& dialog, const QString& text, QWidget* owner)
     : m_dialog(dialog), m_isOwn(!dialog.m_dialog) {
     if (m_isOwn)
         m_dialog.show(tr("处理状态"), text, owner);
-    m_dialog.showDetermined(true);
-    paintNow(*m_dialog.m_dialog);
 }
 
-ProgressDialog::Transfer::~Transfer() {
-    if (!m_dialog.m_dialog)
-        return;
+ProgressDialog::Scope::~Scope() {
     if (m_isOwn)
         m_dialog.CloseProgressDialog();
-    else
-        m_dialog.showDetermined(false);
-}
-
-bool ProgressDialog::Transfer::advance(qint64 done, qint64 total) {
-    BusyDialog* dialog = m_dialog.m_dialog;
-    if (!dialog)
-        return true;
-    if (total > 0) {
-        const auto inMB = [](qint64 bytes) { return QString::number(static_cast<double>(bytes) / kMiB, 'f', 1); };
-        m_dialog.m_bar->setValue(static_cast<int>(done * kSteps / total));
-        m_dialog.m_amount->setText(tr("%1 MB / %2 MB").arg(inMB(done), inMB(total)));
-    }
-    const InputGate gate(dialog);
-    QCoreApplication::processEvents(kNoTimers);
-    return !m_dialog.m_dialog || !dialog->isCancelled;
 }
 
 }  // namespace workbench

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QPointer>
 
 #include "sdk/baseui/ProgressDialog.h"
@@ -27,18 +28,17 @@ public:
     void ShowProgressDialog(const std::wstring& title, const std::wstring& text) override;
     void CloseProgressDialog() override;
 
-    /// A transfer in the dialog: while the object lives, this shows how much is done and has a button to cancel.
-    class Transfer {
-    public:
-        /// Where no dialog is shown, one with `text` is, over `owner`, until the transfer ends.
-        Transfer(ProgressDialog& dialog, const QString& text, QWidget* owner);
-        ~Transfer();
-        Transfer(const Transfer&) = delete;
-        Transfer& operator=(const Transfer&) = delete;
+    QWidget* GetWindow() const override;
+    bool ShowWaiting(bool canCancel, int64_t done, int64_t total) override;
+    void EndWaiting() override;
 
-        /// Shows the bytes, repaints and lets the user use the dialog and nothing else; no timer fires. False once the
-        /// user has cancelled.
-        bool advance(qint64 done, qint64 total);
+    /// Where no dialog is shown, one with `text` is, over `owner`, while the object lives.
+    class Scope {
+    public:
+        Scope(ProgressDialog& dialog, const QString& text, QWidget* owner);
+        ~Scope();
+        Scope(const Scope&) = delete;
+        Scope& operator=(const Scope&) = delete;
 
     private:
         ProgressDialog& m_dialog;
@@ -47,7 +47,6 @@ public:
 
 private:
     void show(const QString& title, const QString& text, QWidget* owner);
-    void showDetermined(bool determined);
 
     QPointer<BusyDialog> m_dialog;  // null when it is closed, also by the end of its parent
     QLabel* m_text = nullptr;
@@ -55,6 +54,7 @@ private:
     QWidget* m_details = nullptr;
     QLabel* m_amount = nullptr;
     QPushButton* m_cancel = nullptr;
+    QElapsedTimer m_waiting;  // since the first look at the present wait
 };
 
 }  // namespace workbench

@@ -2,17 +2,17 @@
 
 #include <atomic>
 #include <functional>
+#include <future>
 #include <string>
 
 #include <QByteArray>
-#include <QSemaphore>
 #include <QString>
 
 namespace workbench {
 
-/// What passes between a caller and the worker; the worker fills it before it releases `done`.
+/// What passes between a caller and the worker; the worker fills it before it makes `done` ready.
 struct Exchange {
-    QSemaphore done;
+    std::promise<void> done;
     bool timedOut = false;
     bool cancelled = false;
     bool complete = false;
@@ -21,8 +21,9 @@ struct Exchange {
     QByteArray body;
     std::string sessionId;
 
+    std::function<void()> cancel;  // set by the worker and called there
+
     // Of a transfer.
-    std::function<void()> cancel;   // set by the worker and called there
     std::atomic<qint64> moved = 0;  // bytes; the caller reads both while it waits
     std::atomic<qint64> total = 0;
     QByteArray md5;        // of all that was read or written, in hexadecimal

@@ -98,7 +98,7 @@ void FileTransfer::finish() {
     m_patience.stop();
     release();
     m_exchange->md5 = m_hash.result().toHex();
-    m_exchange->done.release();
+    m_exchange->done.set_value();
     deleteLater();
 }
 

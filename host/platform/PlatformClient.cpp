@@ -9,12 +9,12 @@
 
 #include "host/platform/Exchange.h"
 #include "host/platform/FileTransfer.h"
+#include "sdk/baseui/Waiting.h"
 
 namespace workbench {
 namespace {
 
 constexpr qint64 kLargestBody = 16LL * 1024 * 1024;
-constexpr int kRepaintEveryMs = 20;
 
 bool isTrouble(const Answer& answer) {
     return answer.outcome == Outcome::Unreachable || answer.outcome == Outcome::TimedOut ||
@@ -30,7 +30,7 @@ QUrlQuery queryOf(std::initializer_list<std::pair<QString, std::wstring>> entrie
     return query;
 }
 
-PlatformClient::PlatformClient(std::chrono::milliseconds timeout) : m_timeout(timeout), m_worker(new QObject) {
+PlatformClient::PlatformClient(std::chrono::milliseconds patience) : m_patience(patience), m_worker(new QObject) {
     m_worker->moveToThread(&m_thread);
     QObject::connect(&m_thread, &QThread::finished, m_worker, &QObject::deleteLater);
     m_thread.start();
@@ -42,12 +42,12 @@ PlatformClient::~PlatformClient() {
 }
 
 Answer PlatformClient::get(const QString& path, const QUrlQuery& query) {
-    return send(path, query, nullptr);
+    return send(path, query, nullptr, true);
 }
 
-Answer PlatformClient::post(const QString& path, const QJsonObject& body) {
+Answer PlatformClient::post(const QString& path, const QJsonObject& body, bool canCancel) {
     const QByteArray bytes = QJsonDocument(body).toJson(QJsonDocument::Compact);
-    return send(path, {}, &bytes);
+    return send(path, {}, &bytes, canCancel);
 }
 
 QNetworkRequest PlatformClient::requestTo(const QString& path, const QUrlQuery& query) const {
@@ -81,13 +81,24 @@ void PlatformClient::getLater(const QString& path, QObject* context, Receiver re
              [this, deliver] { QMetaObject::invokeMethod(&m_deliveries, deliver, Qt::QueuedConnection); });
 }
 
-Answer PlatformClient::send(const QString& path, const QUrlQuery& query, const QByteArray* body) {
+Answer PlatformClient::send(const QString& path, const QUrlQuery& query, const QByteArray* body, bool canCancel) {
     return withSession([&] {
         QNetworkRequest request = requestTo(path, query);
         if (body)
             request.setHeader(QNetworkRequest::ContentTypeHeader, "application/json; charset=utf-8");
-        return sendOnce(request, body);
+        const auto exchange = std::make_shared<Exchange>();
+        dispatch(exchange, request, body, [exchange] { exchange->done.set_value(); });
+        await(exchange, {.canCancel = canCancel});
+        return judge(*exchange);
     });
+}
+
+void PlatformClient::await(const std::shared_ptr<Exchange>& exchange, const BASEUI::Waiting& waiting) {
+    const std::future<void> end = exchange->done.get_future();
+    if (BASEUI::Wait(end, waiting))
+        return;
+    QMetaObject::invokeMethod(m_worker, [exchange] { exchange->cancel(); });
+    end.wait();
 }
 
 QNetworkAccessManager& PlatformClient::network() const {
@@ -96,20 +107,19 @@ QNetworkAccessManager& PlatformClient::network() const {
 }
 
 Answer PlatformClient::upload(const QString& path, const QUrlQuery& query, const Transfer& transfer) {
-    return transferred(path, query, transfer, [&](const auto& exchange, QNetworkRequest request) {
+    return transferred(path, query, [&](const auto& exchange, QNetworkRequest request) {
         request.setHeader(QNetworkRequest::ContentTypeHeader, "application/octet-stream");
         return new FileUpload(exchange, transfer.patience, request, transfer.file, m_worker);
     });
 }
 
 Answer PlatformClient::download(const QString& path, const QUrlQuery& query, const Transfer& transfer) {
-    return transferred(path, query, transfer, [&](const auto& exchange, const QNetworkRequest& request) {
+    return transferred(path, query, [&](const auto& exchange, const QNetworkRequest& request) {
         return new FileDownload(exchange, transfer.patience, request, transfer.file, network(), m_worker);
     });
 }
 
-Answer PlatformClient::transferred(const QString& path, const QUrlQuery& query, const Transfer& transfer,
-                                   const Begin& begin) {
+Answer PlatformClient::transferred(const QString& path, const QUrlQuery& query, const Begin& begin) {
     return withSession([&] {
         const auto exchange = std::make_shared<Exchange>();
         // The worker may use what the caller has: the call returns only when the transfer has ended.
@@ -121,13 +131,12 @@ Answer PlatformClient::transferred(const QString& path, const QUrlQuery& query, 
             };
             job->start();
         });
-        bool goesOn = true;
-        while (!exchange->done.tryAcquire(1, kRepaintEveryMs)) {
-            if (!goesOn || transfer.watch(exchange->moved, exchange->total))
-                continue;
-            goesOn = false;
-            QMetaObject::invokeMethod(m_worker, [exchange] { exchange->cancel(); });
-        }
+        await(exchange, {.canCancel = true,
+                         .amount =
+                             [&] {
+                                 return BASEUI::Waiting::Amount{exchange->moved, exchange->total};
+                             },
+                         .dialogAfter = std::chrono::milliseconds(0)});
         Answer answer = judge(*exchange);
         answer.md5 = QString::fromLatin1(exchange->md5);
         answer.size = exchange->total;
@@ -135,24 +144,26 @@ Answer PlatformClient::transferred(const QString& path, const QUrlQuery& query, 
     });
 }
 
-Answer PlatformClient::sendOnce(const QNetworkRequest& request, const QByteArray* body) {
-    const auto exchange = std::make_shared<Exchange>();
-    dispatch(exchange, request, body, [exchange] { exchange->done.release(); });
-    while (!exchange->done.tryAcquire(1, kRepaintEveryMs))
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::X11ExcludeTimers);
-    return judge(*exchange);
-}
-
 void PlatformClient::dispatch(const std::shared_ptr<Exchange>& exchange, const QNetworkRequest& request,
                               const QByteArray* body, std::function<void()> whenDone) {
-    const auto start = [this, exchange, request, whenDone = std::move(whenDone), timeout = m_timeout,
+    const auto start = [this, exchange, request, whenDone = std::move(whenDone), patience = m_patience,
                         isPost = body != nullptr, bytes = body ? *body : QByteArray()] {
         QNetworkReply* reply = isPost ? network().post(request, bytes) : network().get(request);
-        QTimer::singleShot(timeout, reply, [exchange, reply] {
+        exchange->cancel = [exchange = std::weak_ptr(exchange), reply = QPointer(reply)] {
+            const auto cancelled = exchange.lock();
+            if (!cancelled || !reply || reply->isFinished())
+                return;
+            cancelled->cancelled = true;
+            reply->abort();
+        };
+        auto* silence = new QTimer(reply);
+        QObject::connect(silence, &QTimer::timeout, reply, [exchange, reply] {
             exchange->timedOut = true;
             reply->abort();
         });
-        QObject::connect(reply, &QNetworkReply::downloadProgress, reply, [reply](qint64 received) {
+        silence->start(patience);
+        QObject::connect(reply, &QNetworkReply::downloadProgress, reply, [reply, silence](qint64 received) {
+            silence->start();
             if (received > kLargestBody)
                 reply->abort();
         });

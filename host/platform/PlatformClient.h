@@ -17,6 +17,10 @@
 class QNetworkAccessManager;
 class QNetworkRequest;
 
+namespace BASEUI {
+struct Waiting;
+}
+
 namespace workbench {
 
 struct Exchange;
@@ -44,17 +48,16 @@ QUrlQuery queryOf(std::initializer_list<std::pair<QString, std::wstring>> entrie
 struct Transfer {
     QString file;                        // its local path
     std::chrono::milliseconds patience;  // ends when nothing has moved for so long
-    /// Called every few milliseconds instead of the repainting; false cancels the transfer.
-    std::function<bool(qint64 moved, qint64 total)> watch;
 };
 
-/// The workbench's own requests to the service. A call returns when it is answered or its time is up; until then the
-/// windows are repainted, but neither input nor timers come through, so that nothing re-enters the caller.
+/// The workbench's own requests to the service. A call returns when it is answered, when the service has been silent
+/// for too long, or when the user gives it up; until then it waits as `BASEUI::Wait` does.
 class PlatformClient {
     Q_DECLARE_TR_FUNCTIONS(PlatformClient)
 
 public:
-    explicit PlatformClient(std::chrono::milliseconds timeout = std::chrono::seconds(5));
+    /// `patience` is how long the service may be silent; connecting is part of that.
+    explicit PlatformClient(std::chrono::milliseconds patience = std::chrono::seconds(5));
     ~PlatformClient();
     PlatformClient(const PlatformClient&) = delete;
     PlatformClient& operator=(const PlatformClient&) = delete;
@@ -64,6 +67,7 @@ public:
     const QString& address() const { return m_address; }
     void setSessionId(const std::string& id) { m_sessionId = id; }
     bool hasSession() const { return !m_sessionId.empty(); }
+    void setPatience(std::chrono::milliseconds patience) { m_patience = patience; }
 
     /// Called when a session has expired; true repeats the request once.
     using Recovery = std::function<bool(const QString& text)>;
@@ -73,7 +77,8 @@ public:
     void setTroubleListener(TroubleListener listener) { m_onTrouble = std::move(listener); }
 
     Answer get(const QString& path, const QUrlQuery& query = {});
-    Answer post(const QString& path, const QJsonObject& body);
+    /// `canCancel` where the service is none the worse for not being asked.
+    Answer post(const QString& path, const QJsonObject& body, bool canCancel = false);
     using Receiver = std::function<void(const Answer&)>;
     /// Returns at once. `receive` is called from the event loop, possibly while somebody else's call waits, and not at
     /// all once `context` is gone. Nobody has asked for it, so neither the recovery nor the trouble listener is called.
@@ -91,17 +96,18 @@ private:
     QNetworkRequest requestTo(const QString& path, const QUrlQuery& query) const;
     /// Repeats `attempt` once after a recovered session.
     Answer withSession(const std::function<Answer()>& attempt);
-    Answer send(const QString& path, const QUrlQuery& query, const QByteArray* body);
-    Answer sendOnce(const QNetworkRequest& request, const QByteArray* body);
+    Answer send(const QString& path, const QUrlQuery& query, const QByteArray* body, bool canCancel);
+    /// Waits for the worker, and has it give up where the user does.
+    void await(const std::shared_ptr<Exchange>& exchange, const BASEUI::Waiting& waiting);
     /// Has the worker send the request; `whenDone` is called there.
     void dispatch(const std::shared_ptr<Exchange>& exchange, const QNetworkRequest& request, const QByteArray* body,
                   std::function<void()> whenDone);
     /// `begin` is called on the worker.
-    Answer transferred(const QString& path, const QUrlQuery& query, const Transfer& transfer, const Begin& begin);
+    Answer transferred(const QString& path, const QUrlQuery& query, const Begin& begin);
     Answer judge(const Exchange& exchange) const;
     QNetworkAccessManager& network() const;
 
-    std::chrono::milliseconds m_timeout;
+    std::chrono::milliseconds m_patience;
     QString m_address;
     std::string m_sessionId;
     Recovery m_recovery;

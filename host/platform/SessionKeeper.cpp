@@ -7,7 +7,7 @@ namespace workbench {
 Answer SessionKeeper::logIn(const QString& address, const QString& userName, const QString& password) {
     const QString oldAddress = m_client.address();
     m_client.setAddress(address);
-    Answer answer = m_client.post("/rs/auth/login", {{"username", userName}, {"password", password}});
+    Answer answer = m_client.post("/rs/auth/login", {{"username", userName}, {"password", password}}, true);
     const auto user = readUser(answer.result);
     if (answer.ok() && (!user || answer.sessionId.empty()))
         answer = m_client.failure(Outcome::Malformed, answer.status);
@@ -35,7 +35,7 @@ bool SessionKeeper::isAccepted() {
 void SessionKeeper::logOut() {
     if (!m_session)
         return;
-    m_client.post("/rs/auth/logout", {});
+    m_client.post("/rs/auth/logout", {}, true);
     m_client.setSessionId({});
     m_session.reset();
     m_user = {};

@@ -45,7 +45,7 @@ bool CDisclosureTaskFollowUp::UrgeReceivers(const std::wstring& taskId) {
 bool CDisclosureTaskFollowUp::ListOperationLog(const std::wstring& taskId, std::vector<OperationLogRecord>& entries) {
     return Perform<TaskApi>(*this, &IDisclosureTaskFollowUp::ListOperationLog, std::tie(taskId, entries),
                             [&](const TaskApi& api) {
-                                const auto answer = Await(api.listOperationLogByTaskId(ToService(taskId)));
+                                const auto answer = AwaitRead(api, api.listOperationLogByTaskId(ToService(taskId)));
                                 if (!answer)
                                     return false;
                                 Append(answer->getResult(), entries);
@@ -57,9 +57,10 @@ bool CDisclosureTaskFollowUp::PageOwnTasks(const OwnTaskQuery& query, std::vecto
                                            int32_t& total) {
     return Perform<TaskApi>(
         *this, &IDisclosureTaskFollowUp::PageOwnTasks, std::tie(query, tasks, total), [&](const TaskApi& api) {
-            const auto answer = Await(api.pageDisclosureTask4StatusByCurrentUser(
-                ToService(query.deptId), ToService(query.keyword), query.type, ToService(query.disclosureUsername),
-                query.startDateMills, query.endDateMills, query.currentPage, query.pageSize));
+            const auto answer = AwaitRead(api, api.pageDisclosureTask4StatusByCurrentUser(
+                                                   ToService(query.deptId), ToService(query.keyword), query.type,
+                                                   ToService(query.disclosureUsername), query.startDateMills,
+                                                   query.endDateMills, query.currentPage, query.pageSize));
             if (!answer || !answer->getResult())
                 return false;
             AppendPage(*answer->getResult(), tasks, total);
@@ -71,7 +72,7 @@ bool CDisclosureTaskFollowUp::QueryConditions(std::vector<TaskCondition>& depart
                                               std::vector<TaskCondition>& people) {
     return Perform<TaskApi>(*this, &IDisclosureTaskFollowUp::QueryConditions, std::tie(departments, people),
                             [&](const TaskApi& api) {
-                                const auto answer = Await(api.queryCondition4DisclosureTask());
+                                const auto answer = AwaitRead(api, api.queryCondition4DisclosureTask());
                                 if (!answer || !answer->getResult())
                                     return false;
                                 Append(answer->getResult()->getDpetList(), departments);

@@ -25,7 +25,7 @@ bool CDisclosureManageMgr::ListCatalogs(std::vector<CatalogRecord>& catalogs, co
         return false;
     return Perform<CatalogApi>(
         *this, &IDisclosureManageMgr::ListCatalogs, std::tie(catalogs, dept), [&](const CatalogApi& api) {
-            const auto answer = Await(api.listDisclosureCatalogByDeptId(ToService(dept)));
+            const auto answer = AwaitRead(api, api.listDisclosureCatalogByDeptId(ToService(dept)));
             if (!answer)
                 return false;
             catalogs.reserve(catalogs.size() + answer->getResult().size());

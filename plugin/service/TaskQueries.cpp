@@ -13,10 +13,11 @@ bool CDisclosureManageMgr::PageTasks(const TaskQuery& query, std::vector<TaskRec
     m_taskCache.clear();
     return Perform<TaskApi>(
         *this, &IDisclosureManageMgr::PageTasks, std::tie(query, tasks, total), [&](const TaskApi& api) {
-            const auto answer = Await(api.pageDisclosureTaskByDeptIdAndCatalogId(
-                ToService(query.deptId), ToService(query.disclosureCatalogId), query.status, ToService(query.keyword),
-                query.dateType, query.startDateMills, query.endDateMills, query.currentPage, query.pageSize,
-                ToService(query.orderKey), ToService(query.orderType)));
+            const auto answer = AwaitRead(
+                api, api.pageDisclosureTaskByDeptIdAndCatalogId(
+                         ToService(query.deptId), ToService(query.disclosureCatalogId), query.status,
+                         ToService(query.keyword), query.dateType, query.startDateMills, query.endDateMills,
+                         query.currentPage, query.pageSize, ToService(query.orderKey), ToService(query.orderType)));
             if (!answer || !answer->getResult())
                 return false;
             AppendPage(*answer->getResult(), tasks, total);
@@ -36,7 +37,7 @@ bool CDisclosureManageMgr::FindCachedTask(const std::wstring& id, TaskRecord& ta
 
 bool CDisclosureManageMgr::QueryTaskById(const std::wstring& id, TaskRecord& task) {
     return Perform<TaskApi>(*this, &IDisclosureManageMgr::QueryTaskById, std::tie(id, task), [&](const TaskApi& api) {
-        const auto answer = Await(api.getDisclosureTaskById(ToService(id)));
+        const auto answer = AwaitRead(api, api.getDisclosureTaskById(ToService(id)));
         if (!answer || !answer->getResult())
             return false;
         task = ToRecord(*answer->getResult());
@@ -49,7 +50,7 @@ bool CDisclosureManageMgr::QueryPushConfig(const std::wstring& deptId, PushConfi
     config = {};
     return Perform<TaskApi>(*this, &IDisclosureManageMgr::QueryPushConfig, std::tie(asked, config),
                             [&](const TaskApi& api) {
-                                const auto answer = Await(api.queryPushConfig(ToService(asked)));
+                                const auto answer = AwaitRead(api, api.queryPushConfig(ToService(asked)));
                                 if (!answer)
                                     return false;
                                 if (answer->getResult())  // a department without settings has none

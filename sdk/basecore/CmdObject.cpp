@@ -4,6 +4,7 @@
 #include <QDebug>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 
 #include "sdk/basetools/TextConversion.h"
 
@@ -112,8 +113,9 @@ bool CPushMsgCmdObj::Execute() {
     SetFault({});
     SetStatus(CmdStatus::Running);
     m_isQueued = true;
-    return QMetaObject::invokeMethod(
-        m_queue.get(), [this] { runQueued(); }, Qt::QueuedConnection);
+    // By a timer, which waits while somebody's call does; see BASEUI::Wait.
+    QTimer::singleShot(0, m_queue.get(), [this] { runQueued(); });
+    return true;
 }
 
 void CPushMsgCmdObj::runQueued() {

@@ -9,6 +9,7 @@ inline constexpr wchar_t kDepartments[] = L"KpxOrgDeptMgr";
 inline constexpr wchar_t kRights[] = L"KpxAuthMgr";
 inline constexpr wchar_t kAuthentication[] = L"CENTRALAUTHENTICATIONSERVICE_MGR ";  // the blank belongs to the name
 inline constexpr wchar_t kRestService[] = L"APP_RESTSERV_MGR";
+inline constexpr wchar_t kServiceState[] = L"APP_SERVICESTATE_MGR";
 inline constexpr wchar_t kWebService[] = L"AppWebServiceMgr";
 inline constexpr wchar_t kFileUpload[] = L"KpxFileUploadMgr";
 inline constexpr wchar_t kFileDownload[] = L"KpxFileDownloadMgr";

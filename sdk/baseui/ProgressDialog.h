@@ -1,8 +1,11 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "sdk/Export.h"
+
+class QWidget;
 
 namespace BIMScrollBar {
 
@@ -11,6 +14,15 @@ class HOSTSDK_API KnSbInterface {
 public:
     virtual void ShowProgressDialog(const std::wstring& title, const std::wstring& text) = 0;
     virtual void CloseProgressDialog() = 0;
+
+    // What a wait needs of the dialog; see sdk/baseui/Waiting.h.
+    /// Null while it is not shown.
+    virtual QWidget* GetWindow() const { return nullptr; }
+    /// Shows how many bytes are done, where `total` is above 0, and a button to cancel, where `canCancel`; called every
+    /// few milliseconds. False once the user has cancelled.
+    virtual bool ShowWaiting(bool /*canCancel*/, int64_t /*done*/, int64_t /*total*/) { return true; }
+    /// Takes back what `ShowWaiting` has shown.
+    virtual void EndWaiting() {}
 
     /// The process-wide dialog; null where the host offers none.
     static KnSbInterface* Instance();
