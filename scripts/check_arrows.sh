@@ -53,4 +53,10 @@ for room in ui commands; do
         check "$file:$line" "$([ "$file" = ui/main.qml ] && echo commands || echo "$room")" "$target"
     done < <(grep -rnE '^(import|\.import) "|source: "qrc:/' "$room" --include='*.qml' --include='*.js' || true)
 done
+
+# The service writes through `changing`, which alone repeats what another transaction was in the way of.
+if grep -rn 'Access::Write' service --include='*.cpp' --include='*.h' | grep -vE '^service/(ports|store)/' >&2; then
+    echo "a writing transaction is begun by changing()" >&2
+    bad=1
+fi
 exit $bad

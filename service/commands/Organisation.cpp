@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <toml++/toml.h>
 
+#include "service/ports/Changing.h"
 #include "service/text/Text.h"
 
 namespace disclosure {
@@ -54,26 +55,26 @@ void each(const toml::table& root, const char* key, Take&& take) {
 
 void takeOverOrganisation(IStore& store, const std::string& file) {
     const toml::table root = toml::parse_file(file);
-    Transaction transaction(store, IStore::Access::Write);
-    each(root, "department", [&](const toml::table& entry) {
-        Department department{idOf(entry, "id"), nameOf(entry), entry["parent"].value_or(std::string())};
-        if (!department.parentId.empty() && !store.department(department.parentId))
-            wrong("the parent of " + department.id + " must stand before it");
-        const auto known = store.department(department.id);
-        if (known && known->parentId != department.parentId)
-            wrong(department.id + " is already elsewhere in the organisation");
-        store.putDepartment(department);
+    changing(store, [&] {
+        each(root, "department", [&](const toml::table& entry) {
+            Department department{idOf(entry, "id"), nameOf(entry), entry["parent"].value_or(std::string())};
+            if (!department.parentId.empty() && !store.department(department.parentId))
+                wrong("the parent of " + department.id + " must stand before it");
+            const auto known = store.department(department.id);
+            if (known && known->parentId != department.parentId)
+                wrong(department.id + " is already elsewhere in the organisation");
+            store.putDepartment(department);
+        });
+        each(root, "project", [&](const toml::table& entry) {
+            const auto ppid = entry["ppid"].value_exact<std::int64_t>().value_or(0);
+            if (ppid < 1 || ppid > INT32_MAX)
+                wrong("a project needs a ppid from 1 to 2147483647");
+            Project project{static_cast<std::int32_t>(ppid), nameOf(entry), idOf(entry, "dept")};
+            if (!store.department(project.deptId))
+                wrong("there is no department " + project.deptId);
+            store.putProject(project);
+        });
     });
-    each(root, "project", [&](const toml::table& entry) {
-        const auto ppid = entry["ppid"].value_exact<std::int64_t>().value_or(0);
-        if (ppid < 1 || ppid > INT32_MAX)
-            wrong("a project needs a ppid from 1 to 2147483647");
-        Project project{static_cast<std::int32_t>(ppid), nameOf(entry), idOf(entry, "dept")};
-        if (!store.department(project.deptId))
-            wrong("there is no department " + project.deptId);
-        store.putProject(project);
-    });
-    transaction.commit();
 }
 
 }  // namespace disclosure

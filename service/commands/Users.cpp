@@ -5,6 +5,7 @@
 
 #include "service/commands/Commands.h"
 #include "service/commands/Open.h"
+#include "service/ports/Changing.h"
 #include "service/text/Text.h"
 
 namespace disclosure::commands {
@@ -51,14 +52,14 @@ int addUser(const Settings& settings, const Person& person) {
     const auto store = database->connect();
     Person added = person;
     added.passwordHash = Passwords().hash(readPassword());
-    Transaction transaction(*store, IStore::Access::Write);
-    if (store->person(added.username))
-        throw std::invalid_argument("there is a user " + added.username + " already");
-    if (!store->department(added.deptId))
-        throw std::invalid_argument("there is no department " + added.deptId);
-    store->putPerson(added);
-    store->putMember(added.deptId, added.username);
-    transaction.commit();
+    changing(*store, [&] {
+        if (store->person(added.username))
+            throw std::invalid_argument("there is a user " + added.username + " already");
+        if (!store->department(added.deptId))
+            throw std::invalid_argument("there is no department " + added.deptId);
+        store->putPerson(added);
+        store->putMember(added.deptId, added.username);
+    });
     return 0;
 }
 
@@ -67,12 +68,12 @@ int changePassword(const Settings& settings, const std::string& username) {
     const auto store = database->connect();
     known(*store, username);
     const std::string hash = Passwords().hash(readPassword());
-    Transaction transaction(*store, IStore::Access::Write);
-    Person person = known(*store, username);
-    person.passwordHash = hash;
-    store->putPerson(person);
-    store->removeSessionsOf(username);
-    transaction.commit();
+    changing(*store, [&] {
+        Person person = known(*store, username);
+        person.passwordHash = hash;
+        store->putPerson(person);
+        store->removeSessionsOf(username);
+    });
     return 0;
 }
 
@@ -81,11 +82,11 @@ int setMail(const Settings& settings, const std::string& username, const std::st
         throw std::invalid_argument("\"" + address + "\" is no mail address");
     const auto database = migratedDatabaseOf(settings);
     const auto store = database->connect();
-    Transaction transaction(*store, IStore::Access::Write);
-    Person person = known(*store, username);
-    person.mail = address;
-    store->putPerson(person);
-    transaction.commit();
+    changing(*store, [&] {
+        Person person = known(*store, username);
+        person.mail = address;
+        store->putPerson(person);
+    });
     return 0;
 }
 
@@ -102,13 +103,13 @@ int grant(const Settings& settings, const std::string& username, const std::stri
     }
     const auto database = migratedDatabaseOf(settings);
     const auto store = database->connect();
-    Transaction transaction(*store, IStore::Access::Write);
-    known(*store, username);
-    if (!store->department(deptId))
-        throw std::invalid_argument("there is no department " + deptId);
-    store->putMember(deptId, username);
-    store->putRights(deptId, username, rights);
-    transaction.commit();
+    changing(*store, [&] {
+        known(*store, username);
+        if (!store->department(deptId))
+            throw std::invalid_argument("there is no department " + deptId);
+        store->putMember(deptId, username);
+        store->putRights(deptId, username, rights);
+    });
     return 0;
 }
 

@@ -1,5 +1,9 @@
 #include "service/domain/Accounts.h"
 
+#include <algorithm>
+
+#include "service/ports/Changing.h"
+
 namespace disclosure {
 
 namespace {
@@ -23,51 +27,51 @@ Accounts::Login Accounts::login(IStore& store, const std::string& username, cons
 
     const std::int64_t now = m_clock();
     const std::string id = newSecret();
-    Transaction transaction(store, IStore::Access::Write);
-    // A password changed meanwhile has ended every session; the old one must not begin another.
-    const auto still = store.person(username);
-    if (!still || still->passwordHash != person->passwordHash)
-        return {Outcome::Wrong, {}, {}};
-    store.removeLoginAttempts(username, address);
-    store.removeSessionsSeenBefore(now - m_limits.idle);
-    store.addSession({digestOf(id), username, now, now});
-    transaction.commit();
-    return {Outcome::Accepted, id, *person};
+    return changing(store, [&]() -> Login {
+        // A password changed meanwhile has ended every session; the old one must not begin another.
+        const auto still = store.person(username);
+        if (!still || still->passwordHash != person->passwordHash)
+            return {Outcome::Wrong, {}, {}};
+        store.removeLoginAttempts(username, address);
+        store.removeSessionsSeenBefore(now - m_limits.idle);
+        store.addSession({digestOf(id), username, now, now});
+        return {Outcome::Accepted, id, *person};
+    });
 }
 
 /// Counts before the password is looked at, so that attempts in parallel, at any process, are counted all the same.
 bool Accounts::countAttempt(IStore& store, const std::string& username, const std::string& address) const {
     const std::int64_t now = m_clock();
-    Transaction transaction(store, IStore::Access::Write);
-    store.removeLoginAttemptsBefore(now - m_limits.attemptsWindow);
-    LoginAttempts attempts = store.loginAttempts(username, address);
-    if (attempts.count >= m_limits.attempts)
-        return false;
-    if (attempts.count == 0)
-        attempts.since = now;
-    ++attempts.count;
-    store.putLoginAttempts(username, address, attempts);
-    transaction.commit();
-    return true;
+    return changing(store, [&] {
+        store.removeLoginAttemptsBefore(now - m_limits.attemptsWindow);
+        LoginAttempts attempts = store.loginAttempts(username, address);
+        if (attempts.count >= m_limits.attempts)
+            return false;
+        if (attempts.count == 0)
+            attempts.since = now;
+        ++attempts.count;
+        store.putLoginAttempts(username, address, attempts);
+        return true;
+    });
 }
 
 std::optional<std::string> Accounts::personOf(IStore& store, const std::string& sessionId) const {
-    const auto session = store.session(digestOf(sessionId));
+    const std::string hash = digestOf(sessionId);
+    const std::int64_t onItsWay = m_uses.lastOf(hash);  // asked first: meanwhile it may arrive in the store
+    const auto session = store.session(hash);
     const std::int64_t now = m_clock();
-    if (!session || now - session->seenAt >= m_limits.idle || now - session->createdAt >= m_limits.absolute)
+    if (!session || now - session->createdAt >= m_limits.absolute)
         return std::nullopt;
-    if (now - session->seenAt >= m_limits.seenEvery) {
-        Transaction transaction(store, IStore::Access::Write);
-        store.touchSession(session->hash, now);
-        transaction.commit();
-    }
+    const std::int64_t seenAt = std::max(session->seenAt, onItsWay);
+    if (now - seenAt >= m_limits.idle)
+        return std::nullopt;
+    if (now - seenAt >= m_limits.seenEvery)
+        m_uses.note(hash, now);
     return session->username;
 }
 
 void Accounts::logout(IStore& store, const std::string& sessionId) const {
-    Transaction transaction(store, IStore::Access::Write);
-    store.removeSession(digestOf(sessionId));
-    transaction.commit();
+    changing(store, [&] { store.removeSession(digestOf(sessionId)); });
 }
 
 }  // namespace disclosure

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "service/domain/Passwords.h"
+#include "service/domain/SessionUses.h"
 #include "service/ports/IStore.h"
 #include "service/ports/Records.h"
 
@@ -34,9 +35,11 @@ public:
 
     Login login(IStore& store, const std::string& username, const std::string& password,
                 const std::string& address) const;
-    /// The login name behind a live session id; a use is noted once in a while only, to spare the disk.
+    /// The login name behind a live session id. Only reads the store: the use is noted, once in a while, in `uses`.
     std::optional<std::string> personOf(IStore& store, const std::string& sessionId) const;
     void logout(IStore& store, const std::string& sessionId) const;
+    /// What is still to be written.
+    SessionUses& uses() const { return m_uses; }
 
 private:
     bool countAttempt(IStore& store, const std::string& username, const std::string& address) const;
@@ -44,6 +47,7 @@ private:
     AccountLimits m_limits;
     Clock m_clock;
     const Passwords& m_passwords;
+    mutable SessionUses m_uses;
 };
 
 }  // namespace disclosure

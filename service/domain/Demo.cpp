@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "service/domain/Catalogs.h"
+#include "service/ports/Changing.h"
 
 namespace disclosure {
 
@@ -54,30 +55,30 @@ bool seedDemo(IStore& store, const Passwords& passwords) {
         {"second", "赵磊", SecondDept, all}, {"zhoujie", "周洁", SecondDept, {}},
     };
 
-    Transaction transaction(store, IStore::Access::Write);
-    if (!store.department(Organisation)) {
-        store.putDepartment({Organisation, "示范建设集团", ""});
-        store.putDepartment({DemoDept, "第一项目部", Organisation});
-        store.putDepartment({SecondDept, "第二项目部", Organisation});
-        store.putProject({1001, "滨江花园一期工程", DemoDept});
-        store.putProject({1002, "科技园综合楼工程", SecondDept});
-    }
-    for (const Member& member : members) {
-        if (store.person(member.username))
-            continue;
-        store.putPerson({member.username, member.realname, "", member.deptId, passwords.hash(member.username),
-                         member.username + std::string("@demo.example")});
-        store.putMember(member.deptId, member.username);
-        store.putRights(member.deptId, member.username, member.rights);
-    }
-    const bool isNew = !store.hasTopCatalog(DemoDept);
-    if (isNew) {
-        Catalogs catalogs(store);
-        int number = 0;
-        seedCatalogs(catalogs, Site, "", number);
-    }
-    transaction.commit();
-    return isNew;
+    return changing(store, [&] {
+        if (!store.department(Organisation)) {
+            store.putDepartment({Organisation, "示范建设集团", ""});
+            store.putDepartment({DemoDept, "第一项目部", Organisation});
+            store.putDepartment({SecondDept, "第二项目部", Organisation});
+            store.putProject({1001, "滨江花园一期工程", DemoDept});
+            store.putProject({1002, "科技园综合楼工程", SecondDept});
+        }
+        for (const Member& member : members) {
+            if (store.person(member.username))
+                continue;
+            store.putPerson({member.username, member.realname, "", member.deptId, passwords.hash(member.username),
+                             member.username + std::string("@demo.example")});
+            store.putMember(member.deptId, member.username);
+            store.putRights(member.deptId, member.username, member.rights);
+        }
+        const bool isNew = !store.hasTopCatalog(DemoDept);
+        if (isNew) {
+            Catalogs catalogs(store);
+            int number = 0;
+            seedCatalogs(catalogs, Site, "", number);
+        }
+        return isNew;
+    });
 }
 
 }  // namespace disclosure

@@ -6,6 +6,7 @@
 #include "service/domain/Demo.h"
 #include "service/domain/Files.h"
 #include "service/domain/Tasks.h"
+#include "service/ports/Changing.h"
 
 namespace disclosure {
 
@@ -77,27 +78,28 @@ TaskDoc addDocument(IStore& store, const Catalog& catalog, const std::string& ti
 }  // namespace
 
 void seedDemoTasks(IStore& store, std::int64_t now, const KeepContent& keep) {
-    Transaction transaction(store, IStore::Access::Write);
-    int number = 0;
-    for (const Catalog& catalog : leavesOf(store.catalogs(DemoDept)))
-        for (int i = 0; i < 2 + number % 2; ++i, ++number) {
-            const auto progress = static_cast<Progress>(number / 3 % Stages);
-            const std::string id = "demo-task-" + std::to_string(number);
-            // Filed a little apart, so that the latest change first is an order.
-            const std::int64_t filed = now - (200 - number) * 60'000LL;
-            TaskContent content = contentOf(catalog, number, dayOf(now), progress);
-            content.docs.push_back(addDocument(store, catalog, content.name, filed, keep));
-            Tasks(store, People[0], filed).save(DemoDept, id, content);
-            const TaskKey key{store.task(DemoDept, id)->rid, DemoDept, id};
-            if (progress == Begun || progress == Done)
-                Tasks(store, content.receivers[0].username, filed).confirmAsReceiver(key);
-            if (progress != Done)
-                continue;
-            for (std::size_t r = 1; r < content.receivers.size(); ++r)
-                Tasks(store, content.receivers[r].username, filed).confirmAsReceiver(key);
-            Tasks(store, content.discloser, filed).confirmAsDiscloser(key, "已按方案交底。", {});
-        }
-    transaction.commit();
+    // A repetition stores the documents anew; the contents of the first try are left to the sweep.
+    changing(store, [&] {
+        int number = 0;
+        for (const Catalog& catalog : leavesOf(store.catalogs(DemoDept)))
+            for (int i = 0; i < 2 + number % 2; ++i, ++number) {
+                const auto progress = static_cast<Progress>(number / 3 % Stages);
+                const std::string id = "demo-task-" + std::to_string(number);
+                // Filed a little apart, so that the latest change first is an order.
+                const std::int64_t filed = now - (200 - number) * 60'000LL;
+                TaskContent content = contentOf(catalog, number, dayOf(now), progress);
+                content.docs.push_back(addDocument(store, catalog, content.name, filed, keep));
+                Tasks(store, People[0], filed).save(DemoDept, id, content);
+                const TaskKey key{store.task(DemoDept, id)->rid, DemoDept, id};
+                if (progress == Begun || progress == Done)
+                    Tasks(store, content.receivers[0].username, filed).confirmAsReceiver(key);
+                if (progress != Done)
+                    continue;
+                for (std::size_t r = 1; r < content.receivers.size(); ++r)
+                    Tasks(store, content.receivers[r].username, filed).confirmAsReceiver(key);
+                Tasks(store, content.discloser, filed).confirmAsDiscloser(key, "已按方案交底。", {});
+            }
+    });
 }
 
 }  // namespace disclosure

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "service/domain/Catalogs.h"
+#include "service/ports/Changing.h"
 
 namespace disclosure {
 
@@ -147,16 +148,16 @@ private:
 }  // namespace
 
 void seedLoad(IStore& store, const Passwords& passwords, const LoadSettings& settings) {
-    Maker maker(settings);
     const std::string hash = passwords.hash(settings.deptId);
-    Transaction transaction(store, IStore::Access::Write);
-    if (store.department(settings.deptId) || store.person(settings.deptId))
-        throw std::invalid_argument("there is a department " + settings.deptId + " already");
-    store.putDepartment({settings.deptId, "压力测试项目部", ""});
-    maker.addPeople(store, hash);
-    maker.addCatalogs(store);
-    store.addTasks(settings.deptId, [&maker](Task& task) { return maker.next(task); });
-    transaction.commit();
+    changing(store, [&] {
+        Maker maker(settings);
+        if (store.department(settings.deptId) || store.person(settings.deptId))
+            throw std::invalid_argument("there is a department " + settings.deptId + " already");
+        store.putDepartment({settings.deptId, "压力测试项目部", ""});
+        maker.addPeople(store, hash);
+        maker.addCatalogs(store);
+        store.addTasks(settings.deptId, [&maker](Task& task) { return maker.next(task); });
+    });
 }
 
 }  // namespace disclosure

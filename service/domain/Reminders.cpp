@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "service/domain/Passwords.h"
+#include "service/ports/Changing.h"
 
 namespace disclosure {
 
@@ -120,6 +121,8 @@ public:
         try {
             make(task, kind, config);
         } catch (const std::exception& error) {
+            if (isConflict(error))
+                throw;
             throw BadTask{task.rid, task.id, logTextOf(error)};
         }
     }
@@ -250,23 +253,23 @@ bool Reminders::isAnyLeft(IStore& store, const std::string& deptId, ReminderKind
 
 std::int64_t Reminders::takeNext(IStore& store, const std::string& deptId, ReminderKind kind,
                                  const std::set<std::int64_t>& bad) const {
-    Transaction transaction(store, IStore::Access::Write);
-    auto window = windowOf(store, deptId, kind);
-    if (!window)
-        return 0;
-    const auto places = store.undisclosedTasks(deptId, kind, window->run.place, window->until, TasksAtOnce);
-    std::vector<std::int64_t> rids;
-    for (const ReminderPlace& place : places)
-        rids.push_back(place.rid);
-    Batch batch(*this, store, window->now, bad);
-    const auto tasks = store.tasksOf(deptId, rids);
-    for (std::size_t i = 0; i < tasks.size() && batch.made() < RemindersAtOnce; ++i) {
-        batch.remind(tasks[i], kind, window->config);
-        window->run.place = places[i];
-    }
-    store.putReminderRun(window->run);
-    transaction.commit();
-    return batch.made();
+    return changing(store, [&]() -> std::int64_t {
+        auto window = windowOf(store, deptId, kind);
+        if (!window)
+            return 0;
+        const auto places = store.undisclosedTasks(deptId, kind, window->run.place, window->until, TasksAtOnce);
+        std::vector<std::int64_t> rids;
+        for (const ReminderPlace& place : places)
+            rids.push_back(place.rid);
+        Batch batch(*this, store, window->now, bad);
+        const auto tasks = store.tasksOf(deptId, rids);
+        for (std::size_t i = 0; i < tasks.size() && batch.made() < RemindersAtOnce; ++i) {
+            batch.remind(tasks[i], kind, window->config);
+            window->run.place = places[i];
+        }
+        store.putReminderRun(window->run);
+        return batch.made();
+    });
 }
 
 bool Reminders::isAnyChanged(IStore& store, const std::string& deptId) const {
@@ -275,24 +278,24 @@ bool Reminders::isAnyChanged(IStore& store, const std::string& deptId) const {
 }
 
 std::int64_t Reminders::takeChanged(IStore& store, const std::string& deptId, const std::set<std::int64_t>& bad) const {
-    Transaction transaction(store, IStore::Access::Write);
-    const auto rids = store.changedTasks(deptId, TasksAtOnce);
-    const auto config = store.pushConfig(deptId);
-    const std::int64_t now = m_clock();
-    if (isEarly(now))
-        return 0;
-    Batch batch(*this, store, now, bad);
-    for (const std::int64_t rid : rids) {
-        if (batch.made() >= RemindersAtOnce)
-            break;
-        for (const Task& task : store.tasksOf(deptId, {rid})) {
-            for (const ReminderKind kind : {ReminderKind::Advance, ReminderKind::Overdue})
-                batch.remind(task, kind, config.value_or(PushConfig()));
+    return changing(store, [&]() -> std::int64_t {
+        const auto rids = store.changedTasks(deptId, TasksAtOnce);
+        const auto config = store.pushConfig(deptId);
+        const std::int64_t now = m_clock();
+        if (isEarly(now))
+            return 0;
+        Batch batch(*this, store, now, bad);
+        for (const std::int64_t rid : rids) {
+            if (batch.made() >= RemindersAtOnce)
+                break;
+            for (const Task& task : store.tasksOf(deptId, {rid})) {
+                for (const ReminderKind kind : {ReminderKind::Advance, ReminderKind::Overdue})
+                    batch.remind(task, kind, config.value_or(PushConfig()));
+            }
+            store.forgetChangedTask(deptId, rid);
         }
-        store.forgetChangedTask(deptId, rid);
-    }
-    transaction.commit();
-    return batch.made();
+        return batch.made();
+    });
 }
 
 bool Reminders::takeSome(IStore& store, const std::string& deptId, const GoOn& goOn, std::int64_t& made) const {
@@ -334,10 +337,10 @@ void Reminders::tidy(IStore& store, const GoOn& goOn) const {
     const std::int64_t now = m_clock();
     const std::int64_t before = now - m_settings.keepDays * Day;
     for (std::int64_t found = RemovedAtOnce; found == RemovedAtOnce && goOn();) {
-        Transaction transaction(store, IStore::Access::Write);
-        found = std::max(store.removeMessagesBefore(before, RemovedAtOnce),
-                         store.forgetReminders(before, now, RemovedAtOnce));
-        transaction.commit();
+        found = changing(store, [&] {
+            return std::max(store.removeMessagesBefore(before, RemovedAtOnce),
+                            store.forgetReminders(before, now, RemovedAtOnce));
+        });
     }
 }
 

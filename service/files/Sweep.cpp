@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "service/ports/Changing.h"
+
 namespace disclosure {
 
 namespace {
@@ -18,19 +20,20 @@ bool removeLoose(IStore& store, const FileFolder& files, std::int64_t before, st
     std::vector<LooseFile> found;
     do {
         std::vector<std::string> removed;
-        Transaction transaction(store, IStore::Access::Write);
-        found = store.looseFiles(before, AtOnce);
-        for (const LooseFile& file : found) {
-            if (store.isReferredTo(file.key)) {
-                store.setLoose(file.key, LooseFile::Held);
-            } else if (file.since == LooseFile::JustReleased) {
-                store.setLoose(file.key, now);
-            } else {
-                store.removeFile(file.key);
-                removed.push_back(file.key.uuid);
+        changing(store, [&] {
+            removed.clear();
+            found = store.looseFiles(before, AtOnce);
+            for (const LooseFile& file : found) {
+                if (store.isReferredTo(file.key)) {
+                    store.setLoose(file.key, LooseFile::Held);
+                } else if (file.since == LooseFile::JustReleased) {
+                    store.setLoose(file.key, now);
+                } else {
+                    store.removeFile(file.key);
+                    removed.push_back(file.key.uuid);
+                }
             }
-        }
-        transaction.commit();
+        });
         for (const std::string& uuid : removed)
             files.remove(uuid);
         if (!goOn())
@@ -43,11 +46,7 @@ bool removeDeadUploads(IStore& store, const FileFolder& files, std::int64_t befo
     for (const FileKey& key : store.uploadsBegunBefore(before)) {
         if (files.silenceOf(key.uuid) <= Dead)
             continue;
-        {
-            Transaction transaction(store, IStore::Access::Write);
-            store.removeUpload(key);
-            transaction.commit();
-        }
+        changing(store, [&] { store.removeUpload(key); });
         if (!goOn())
             return false;
     }

@@ -61,6 +61,8 @@ void Dispatcher::dispatch(Request request, std::string address, Done done) {
             if (reply.file.upload || reply.file.content)
                 reply.file.place = place;
             done(withinOwnPlaces(std::move(reply), store));
+            if (m_service.sessionUses().claim())
+                m_writer.add([this](IStore& writing) { m_service.sessionUses().write(writing); });
         });
     if (!taken)
         done({answerBusy()});

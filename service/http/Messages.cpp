@@ -56,6 +56,10 @@ Response answerToFailure(std::string_view what) noexcept {
     } catch (const Refusal& refusal) {
         return answerTo(refusal);
     } catch (const std::exception& error) {
+        if (isConflict(error)) {
+            spdlog::warn("{}: {}", what, logTextOf(error));
+            return answerBusy();
+        }
         spdlog::error("{}: {}", what, logTextOf(error));
         if (dynamic_cast<const DiskFull*>(&error) || isDatabaseFull(error))
             return answerTo(HttpError(http::status::insufficient_storage, "服务器存储空间不足"));

@@ -10,6 +10,7 @@
 #include "service/domain/Files.h"
 #include "service/http/FileHandlers.h"
 #include "service/http/OpenApi.h"
+#include "service/ports/Changing.h"
 
 namespace disclosure {
 
@@ -232,33 +233,39 @@ Reply Service::answerOrThrow(const Request& request, const std::string& address,
     }
     const Route& route = routeFor(request, target);
     const rapidjson::Document body = bodyFor(route, request);
-    Call call{store, m_accounts, m_files, target, body, address, sessionId, username, {}, {}, {}};
-    call.now = m_clock();
-    call.quota = m_quota;
+    Call asked{store, m_accounts, m_files, target, body, address, sessionId, username, {}, {}, {}};
+    asked.now = m_clock();
+    asked.quota = m_quota;
     if (request.count(TaskVersion) > 0)
-        call.taskVersion = std::string(request[TaskVersion]);
+        asked.taskVersion = std::string(request[TaskVersion]);
     if (route.work == Work::Upload)
-        call.bodySize = uploadSizeOf(request);
+        asked.bodySize = uploadSizeOf(request);
     if (route.work == Work::None || route.work == Work::Own || route.work == Work::Login)
-        return {route.handler(call)};
+        return {route.handler(asked)};
 
-    const bool reads = route.work == Work::Read || route.work == Work::Download;
-    Transaction transaction(*store, reads ? IStore::Access::Read : IStore::Access::Write);
-    enterScope(route, call);
-    Reply reply{route.handler(call)};
-    transaction.commit();
-    for (const std::string& uuid : call.removedFiles)
+    // Each try with a call of its own: what the last one has found in the store may be gone.
+    std::optional<Call> call;
+    const auto carryOut = [&] {
+        call.emplace(asked);
+        enterScope(route, *call);
+        return Reply{route.handler(*call)};
+    };
+    Reply reply;
+    if (route.work == Work::Read || route.work == Work::Download) {
+        const Transaction transaction(*store, IStore::Access::Read);
+        reply = carryOut();
+    } else {
+        reply = changing(*store, carryOut);
+    }
+    for (const std::string& uuid : call->removedFiles)
         m_files.remove(uuid);
-    reply.file = std::move(call.file);
+    reply.file = std::move(call->file);
     return reply;
 }
 
 Response Service::keep(const PendingFile& pending, const std::string& md5, IStore& store) const noexcept {
     try {
-        Transaction transaction(store, IStore::Access::Write);
-        const StoredFile file = Files(store, pending.username, m_clock()).keep(pending, md5);
-        transaction.commit();
-        return uploaded(file);
+        return uploaded(changing(store, [&] { return Files(store, pending.username, m_clock()).keep(pending, md5); }));
     } catch (...) {
         Response answer = answerToFailure("upload");
         removeUnknown(pending.key.uuid, store);
@@ -279,9 +286,7 @@ void Service::removeUnknown(const std::string& uuid, IStore& store) const noexce
 
 void Service::giveUp(const PendingFile& pending, IStore& store) const noexcept {
     try {
-        Transaction transaction(store, IStore::Access::Write);
-        Files(store, pending.username, m_clock()).giveUp(pending);
-        transaction.commit();
+        changing(store, [&] { Files(store, pending.username, m_clock()).giveUp(pending); });
     } catch (const std::exception& error) {
         spdlog::warn("an upload's room is left to the sweep: {}", logTextOf(error));
     }

@@ -13,7 +13,8 @@
 namespace disclosure {
 
 /// From a whole request to its answer: the checks at the border, the session, the rights, the handler, and the one
-/// place that turns a failure into an answer. Keeps nothing between requests, so any number of threads may use it.
+/// place that turns a failure into an answer. Keeps nothing between requests but the uses of sessions on their way to
+/// the store, so any number of threads may use it.
 class Service {
 public:
     struct Settings {
@@ -29,6 +30,8 @@ public:
 
     /// What answering will take; Work::None asks for no store.
     Work workFor(const Request& request) const;
+    /// The uses of sessions that requests have noted.
+    SessionUses& sessionUses() const { return m_accounts.uses(); }
     /// `store` may be null for Work::None. `address` is the client's.
     /// An upload's request comes here without its body.
     Reply answer(const Request& request, const std::string& address, IStore* store) const noexcept;

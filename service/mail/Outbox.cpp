@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "service/mail/MailText.h"
+#include "service/ports/Changing.h"
 #include "service/text/Text.h"
 
 namespace disclosure {
@@ -28,30 +29,35 @@ std::int64_t waitAfter(std::int32_t attempts) {
 }  // namespace
 
 std::vector<Mail> Outbox::claim(IStore& store) const {
-    Transaction transaction(store, IStore::Access::Write);
-    const std::int64_t now = m_clock();
-    auto claimed = store.dueMails(now, Slack, MailsAtOnce);
-    for (Mail& mail : claimed) {
-        ++mail.attempts;
-        const std::int64_t before = std::exchange(mail.claimedAt, now);
-        mail.wakeAt = now + Lease;
-        store.putMail(mail, before);
-    }
-    transaction.commit();
-    return claimed;
+    return changing(store, [&] {
+        const std::int64_t now = m_clock();
+        auto claimed = store.dueMails(now, Slack, MailsAtOnce);
+        for (Mail& mail : claimed) {
+            ++mail.attempts;
+            const std::int64_t before = std::exchange(mail.claimedAt, now);
+            mail.wakeAt = now + Lease;
+            store.putMail(mail, before);
+        }
+        return claimed;
+    });
 }
 
 std::optional<IMailSender::Result> Outbox::deliver(IStore& store, IMailSender& sender, Mail& mail) const {
     using Result = IMailSender::Result;
-    Transaction transaction(store, IStore::Access::Write);
     const std::int64_t now = m_clock();
     const std::int64_t before = std::exchange(mail.claimedAt, now);
     mail.wakeAt = now + Lease;
-    if (!store.putMail(mail, before))
+    std::optional<Person> person;
+    bool isNeeded = false;
+    const bool isOurs = changing(store, [&] {
+        if (!store.putMail(mail, before))
+            return false;
+        person = store.person(mail.username);
+        isNeeded = person && isMailAddress(person->mail) && m_rules.isStillDue(store, mail);
+        return true;
+    });
+    if (!isOurs)
         return std::nullopt;
-    const auto person = store.person(mail.username);
-    const bool isNeeded = person && isMailAddress(person->mail) && m_rules.isStillDue(store, mail);
-    transaction.commit();
     if (!isNeeded)
         return Result{IMailSender::Outcome::Dropped, {}};
     if (now - mail.createdAt >= LongestTry)
@@ -64,16 +70,16 @@ void Outbox::settle(IStore& store, const Mail& mail, const IMailSender::Result& 
     const std::int64_t now = m_clock();
     const bool done = result.outcome == Outcome::Sent || result.outcome == Outcome::Dropped;
     const bool givenUp = result.outcome == Outcome::Refused;
-    Transaction transaction(store, IStore::Access::Write);
-    if (done || givenUp) {
-        store.removeMail(mail);
-    } else {
-        Mail waiting = mail;
-        waiting.claimedAt = now;
-        waiting.wakeAt = now + waitAfter(mail.attempts);
-        store.putMail(waiting, mail.claimedAt);
-    }
-    transaction.commit();
+    changing(store, [&] {
+        if (done || givenUp) {
+            store.removeMail(mail);
+        } else {
+            Mail waiting = mail;
+            waiting.claimedAt = now;
+            waiting.wakeAt = now + waitAfter(mail.attempts);
+            store.putMail(waiting, mail.claimedAt);
+        }
+    });
     if (givenUp || (!done && result.outcome != Outcome::Untried))
         spdlog::warn("mail {}: {}{}", mail.id, result.reason, givenUp ? "; given up" : "");
 }

@@ -42,7 +42,10 @@ std::string logTextOf(const std::exception& error);
 /// Whether this is how the database says that its disk is full.
 bool isDatabaseFull(const std::exception& error);
 
-/// A transaction that is undone unless committed.
+/// Whether this is how the database says that another transaction was in the way: repeated later, it may go through.
+bool isConflict(const std::exception& error);
+
+/// A transaction that is undone unless committed. One that writes is begun by `changing`.
 class Transaction {
 public:
     Transaction(IStore& store, IStore::Access access) : m_store(store) { m_store.begin(access); }

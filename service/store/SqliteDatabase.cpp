@@ -20,7 +20,8 @@ namespace disclosure {
 namespace {
 
 constexpr auto BeginWrite = "BEGIN IMMEDIATE";
-constexpr std::chrono::milliseconds Patience{10'000};
+/// For one try; `changing` makes a few.
+constexpr std::chrono::milliseconds Patience{2'500};
 // SQLITE_BUSY and SQLITE_FULL; SOCI keeps SQLite's header to itself.
 constexpr int Busy = 5;
 constexpr int Full = 13;
@@ -48,7 +49,7 @@ void makeFile(const std::string& path) {
 /// A new file turns to the write-ahead log only while nobody else holds it, and SQLite does not wait for that moment by
 /// itself: processes that start together on a new file would refuse each other.
 void useWriteAheadLog(soci::session& sql) {
-    const auto until = std::chrono::steady_clock::now() + Patience;
+    const auto until = std::chrono::steady_clock::now() + 4 * Patience;
     for (;;) {
         try {
             sql << "PRAGMA journal_mode = WAL";
@@ -87,6 +88,11 @@ std::string logTextOf(const std::exception& error) {
 bool isDatabaseFull(const std::exception& error) {
     const auto* failure = dynamic_cast<const soci::sqlite3_soci_error*>(&error);
     return failure && codeOf(*failure) == Full;
+}
+
+bool isConflict(const std::exception& error) {
+    const auto* failure = dynamic_cast<const soci::sqlite3_soci_error*>(&error);
+    return failure && codeOf(*failure) == Busy;
 }
 
 SqliteDatabase::SqliteDatabase(std::string path) : m_path(std::move(path)) {
