@@ -55,11 +55,16 @@ int run(int argc, char** argv) {
     auto* passwd = user->add_subcommand("passwd", "changes a password and ends the person's sessions");
     auto* grant = user->add_subcommand("grant", "sets exactly which rights a person has in a department");
     auto* mail = user->add_subcommand("mail", "sets the address reminders are mailed to; an empty one ends that");
-    auto* list = user->add_subcommand("list", "lists the people with their department and rights");
-    for (auto* command : {add, passwd, grant, mail})
+    auto* leave = user->add_subcommand("leave", "ends a membership with its rights");
+    auto* deactivate =
+        user->add_subcommand("deactivate", "ends the person's sessions; no log-in and nothing new for them");
+    auto* activate = user->add_subcommand("activate", "undoes that");
+    auto* list =
+        user->add_subcommand("list", "lists the people with their department, whether they are active, and rights");
+    for (auto* command : {add, passwd, grant, mail, leave, deactivate, activate})
         command->add_option("username", person.username)->required();
     add->add_option("--realname", person.realname)->required();
-    for (auto* command : {add, grant})
+    for (auto* command : {add, grant, leave})
         command->add_option("--dept", person.deptId, "the department's id")->required();
     mail->add_option("address", person.mail)->required();
     grant->add_option("rights", rights, "keys of rights, or all; none takes every right away");
@@ -91,6 +96,10 @@ int run(int argc, char** argv) {
         return commands::grant(settings, person.username, person.deptId, rights);
     if (*mail)
         return commands::setMail(settings, person.username, person.mail);
+    if (*leave)
+        return commands::leave(settings, person.username, person.deptId);
+    if (*deactivate || *activate)
+        return commands::setActive(settings, person.username, activate->parsed());
     if (*list)
         return commands::listUsers(settings);
     if (*version)

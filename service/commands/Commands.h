@@ -25,6 +25,10 @@ int setMail(const Settings& settings, const std::string& username, const std::st
 /// Makes them a member if need be, with exactly the rights of these keys ("all" for every one).
 int grant(const Settings& settings, const std::string& username, const std::string& deptId,
           const std::vector<std::string>& keys);
+/// Ends the membership with its rights.
+int leave(const Settings& settings, const std::string& username, const std::string& deptId);
+/// A person who is not active cannot log in, has lost every session and is not offered for anything new.
+int setActive(const Settings& settings, const std::string& username, bool active);
 int listUsers(const Settings& settings);
 
 }  // namespace disclosure::commands

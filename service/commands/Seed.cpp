@@ -18,7 +18,7 @@ int migrate(const Settings& settings) {
 int seedDemonstration(const Settings& settings) {
     const auto database = migratedDatabaseOf(settings);
     const auto store = database->connect();
-    const FileFolder files = filesOf(settings);
+    const FileFolder files = filesOf(settings, *store);
     const auto keep = [&files](const std::string& uuid, const std::string& content) {
         const auto writer = files.create(uuid);
         writer->write(content);

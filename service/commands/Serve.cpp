@@ -20,6 +20,9 @@ namespace disclosure::commands {
 
 namespace {
 
+constexpr int SortEvery = 24;  // turns of the sweep
+using Days = std::chrono::duration<std::int64_t, std::ratio<86'400>>;
+
 /// Whole or absent, so that who waits for the file never reads half a number.
 void writePort(const std::string& file, std::uint16_t port) {
     const std::string draft = file + ".new";
@@ -76,7 +79,7 @@ int serve(const Settings& settings) {
     // Writing beyond a limit on the size of files is to fail like on a full disk instead of ending the process.
     std::signal(SIGXFSZ, SIG_IGN);
     const auto database = migratedDatabaseOf(settings);
-    const FileFolder files = filesOf(settings);
+    const FileFolder files = filesOf(settings, *database->connect());
     const Service service(
         {settings.hosts, settings.limits, now, Passwords::Cost::Interactive, settings.quotaMegabytes * 1024 * 1024},
         files);
@@ -90,8 +93,12 @@ int serve(const Settings& settings) {
               << server.port() << std::endl;
     if (!settings.portFile.empty())
         writePort(settings.portFile, server.port());
-    const Repeating sweeping("sweep", std::chrono::hours(1), [&](const GoOn& goOn) {
-        sweepFiles(*database->connect(), files, std::chrono::hours(settings.keepHours), now(), goOn);
+    const std::chrono::hours keep(settings.keepHours);
+    const Repeating sweeping("sweep", std::chrono::hours(1), [&, turn = 0](const GoOn& goOn) mutable {
+        const auto store = database->connect();
+        sweepFiles(*store, files, keep, now(), goOn);
+        if (turn++ % SortEvery == 0)
+            sortFolder(*store, files, keep, Days(settings.asideDays), goOn);
     });
     if (reminding)
         reminding->start();

@@ -109,6 +109,8 @@ void Settings::read(const std::string& file) {
         {"files.quota_megabytes", [&](auto& node, auto& key) { quotaMegabytes = number(node, key, 1, 1'000'000'000); }},
         {"files.keep_hours",
          [&](auto& node, auto& key) { keepHours = static_cast<std::int32_t>(number(node, key, 1, 8760)); }},
+        {"files.aside_days",
+         [&](auto& node, auto& key) { asideDays = static_cast<std::int32_t>(number(node, key, 1, 3650)); }},
         {"files.uploads", [&](auto& node, auto& key) { dispatcher.uploads = number(node, key, 1, 1000); }},
         {"files.downloads", [&](auto& node, auto& key) { dispatcher.downloads = number(node, key, 1, 10'000); }},
         {"login.workers", [&](auto& node, auto& key) { dispatcher.loginWorkers = number(node, key, 1, 16); }},

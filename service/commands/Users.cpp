@@ -1,3 +1,4 @@
+#include <functional>
 #include <iostream>
 #include <stdexcept>
 #include <termios.h>
@@ -31,6 +32,9 @@ std::string readPassword() {
     }
     if (password.empty())
         throw std::invalid_argument("the password may not be empty");
+    if (password.size() > Passwords::Longest || !isUtf8(password) || password.find('\0') != std::string::npos)
+        throw std::invalid_argument("nobody could log in with this password: it must be valid UTF-8 of at most " +
+                                    std::to_string(Passwords::Longest) + " bytes");
     return password;
 }
 
@@ -41,6 +45,23 @@ Person known(IStore& store, const std::string& username) {
     return *person;
 }
 
+/// Makes the change as one transaction.
+int changing(const Settings& settings, const std::function<void(IStore&)>& change) {
+    const auto database = migratedDatabaseOf(settings);
+    const auto store = database->connect();
+    disclosure::changing(*store, [&] { change(*store); });
+    return 0;
+}
+
+int changingPerson(const Settings& settings, const std::string& username,
+                   const std::function<void(IStore&, Person&)>& change) {
+    return changing(settings, [&](IStore& store) {
+        Person person = known(store, username);
+        change(store, person);
+        store.putPerson(person);
+    });
+}
+
 }  // namespace
 
 int addUser(const Settings& settings, const Person& person) {
@@ -48,46 +69,31 @@ int addUser(const Settings& settings, const Person& person) {
         throw std::invalid_argument("a user name has 1 to 64 of the characters A-Z a-z 0-9 _ -");
     if (!isUtf8(person.realname) || person.realname.empty())
         throw std::invalid_argument("the real name must be given, in UTF-8");
-    const auto database = migratedDatabaseOf(settings);
-    const auto store = database->connect();
     Person added = person;
     added.passwordHash = Passwords().hash(readPassword());
-    changing(*store, [&] {
-        if (store->person(added.username))
+    return changing(settings, [&](IStore& store) {
+        if (store.person(added.username))
             throw std::invalid_argument("there is a user " + added.username + " already");
-        if (!store->department(added.deptId))
+        if (!store.department(added.deptId))
             throw std::invalid_argument("there is no department " + added.deptId);
-        store->putPerson(added);
-        store->putMember(added.deptId, added.username);
+        store.putPerson(added);
+        store.putMember(added.deptId, added.username);
     });
-    return 0;
 }
 
 int changePassword(const Settings& settings, const std::string& username) {
-    const auto database = migratedDatabaseOf(settings);
-    const auto store = database->connect();
-    known(*store, username);
+    known(*migratedDatabaseOf(settings)->connect(), username);  // before anybody types
     const std::string hash = Passwords().hash(readPassword());
-    changing(*store, [&] {
-        Person person = known(*store, username);
+    return changingPerson(settings, username, [&](IStore& store, Person& person) {
         person.passwordHash = hash;
-        store->putPerson(person);
-        store->removeSessionsOf(username);
+        store.removeSessionsOf(username);
     });
-    return 0;
 }
 
 int setMail(const Settings& settings, const std::string& username, const std::string& address) {
     if (!address.empty() && !isMailAddress(address))
         throw std::invalid_argument("\"" + address + "\" is no mail address");
-    const auto database = migratedDatabaseOf(settings);
-    const auto store = database->connect();
-    changing(*store, [&] {
-        Person person = known(*store, username);
-        person.mail = address;
-        store->putPerson(person);
-    });
-    return 0;
+    return changingPerson(settings, username, [&](IStore&, Person& person) { person.mail = address; });
 }
 
 int grant(const Settings& settings, const std::string& username, const std::string& deptId,
@@ -101,23 +107,37 @@ int grant(const Settings& settings, const std::string& username, const std::stri
         else
             throw std::invalid_argument("there is no right " + key);
     }
-    const auto database = migratedDatabaseOf(settings);
-    const auto store = database->connect();
-    changing(*store, [&] {
-        known(*store, username);
-        if (!store->department(deptId))
+    return changing(settings, [&](IStore& store) {
+        known(store, username);
+        if (!store.department(deptId))
             throw std::invalid_argument("there is no department " + deptId);
-        store->putMember(deptId, username);
-        store->putRights(deptId, username, rights);
+        store.putMember(deptId, username);
+        store.putRights(deptId, username, rights);
     });
-    return 0;
+}
+
+int leave(const Settings& settings, const std::string& username, const std::string& deptId) {
+    return changing(settings, [&](IStore& store) {
+        known(store, username);
+        if (!store.removeMember(deptId, username))
+            throw std::invalid_argument(username + " is no member of " + deptId + " itself");
+    });
+}
+
+int setActive(const Settings& settings, const std::string& username, bool active) {
+    return changingPerson(settings, username, [&](IStore& store, Person& person) {
+        person.active = active;
+        if (!active)
+            store.removeSessionsOf(username);
+    });
 }
 
 int listUsers(const Settings& settings) {
     const auto database = migratedDatabaseOf(settings);
     const auto store = database->connect();
     for (const Person& person : store->people()) {
-        std::cout << person.username << '\t' << person.realname << '\t' << person.deptId;
+        std::cout << person.username << '\t' << person.realname << '\t' << person.deptId << '\t'
+                  << (person.active ? "active" : "deactivated");
         for (const Right right : store->rightsOf(person.username, person.deptId).value_or(Rights{}))
             std::cout << '\t' << keyOf(right);
         std::cout << '\n';

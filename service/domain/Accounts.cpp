@@ -10,27 +10,26 @@ namespace {
 
 // Longer ones cannot be anybody's, and would let a stranger fill the table of attempts.
 constexpr std::size_t LongestUsername = 64;
-constexpr std::size_t LongestPassword = 1024;
 
 }  // namespace
 
 Accounts::Login Accounts::login(IStore& store, const std::string& username, const std::string& password,
                                 const std::string& address) const {
-    if (username.size() > LongestUsername || password.size() > LongestPassword)
+    if (username.size() > LongestUsername || password.size() > Passwords::Longest)
         return {Outcome::Wrong, {}, {}};
     if (!countAttempt(store, username, address))
         return {Outcome::Throttled, {}, {}};
 
     const auto person = store.person(username);
-    if (!m_passwords.matches(password, person ? person->passwordHash : std::string()))
+    if (!m_passwords.matches(password, person && person->active ? person->passwordHash : std::string()))
         return {Outcome::Wrong, {}, {}};
 
     const std::int64_t now = m_clock();
     const std::string id = newSecret();
     return changing(store, [&]() -> Login {
-        // A password changed meanwhile has ended every session; the old one must not begin another.
+        // Who was deactivated or got another password meanwhile has lost every session; no other must begin.
         const auto still = store.person(username);
-        if (!still || still->passwordHash != person->passwordHash)
+        if (!still || !still->active || still->passwordHash != person->passwordHash)
             return {Outcome::Wrong, {}, {}};
         store.removeLoginAttempts(username, address);
         store.removeSessionsSeenBefore(now - m_limits.idle);

@@ -1,5 +1,6 @@
 #include "service/domain/Demo.h"
 
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -57,6 +58,10 @@ bool seedDemo(IStore& store, const Passwords& passwords) {
 
     return changing(store, [&] {
         if (!store.department(Organisation)) {
+            // Their passwords are known to everybody.
+            if (store.hasDepartments())
+                throw std::invalid_argument(
+                    "the database holds others' departments; the demonstration needs one of its own");
             store.putDepartment({Organisation, "示范建设集团", ""});
             store.putDepartment({DemoDept, "第一项目部", Organisation});
             store.putDepartment({SecondDept, "第二项目部", Organisation});

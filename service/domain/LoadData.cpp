@@ -17,6 +17,7 @@ constexpr std::int64_t FirstDay = 1'704'067'200'000;  // 2024-01-01; the dates l
 constexpr int Days = 4 * 365;
 constexpr int People = 200;
 constexpr int Receivers = 3;
+constexpr std::int32_t ProjectNumber = 9001;
 constexpr std::int64_t Models = 200;  // so many tasks are set as an example, however many there are
 constexpr int Buildings = 10;
 constexpr int Trades = 100;
@@ -114,12 +115,12 @@ private:
         for (int i = 1; i <= Receivers; ++i)
             task.receivers.push_back({task.id + "-r" + std::to_string(i), person(i), 0, {}, {}});
         if (number % 4 == 0)
-            task.viewports.push_back({task.id + "-v", 1, "view-" + std::to_string(m_dice.below(500))});
+            task.viewports.push_back({task.id + "-v", ProjectNumber, "view-" + std::to_string(m_dice.below(500))});
         if (number % 5 == 0)
-            task.nodes.push_back({task.id + "-n", 1, "node-" + std::to_string(m_dice.below(5000))});
+            task.nodes.push_back({task.id + "-n", ProjectNumber, "node-" + std::to_string(m_dice.below(5000))});
         if (number % 2 == 0)
-            task.docs.push_back(
-                {task.id + "-d", 1, "交底书.pdf", "file-" + std::to_string(number), "", 1 << 20, "pdf", 1, ""});
+            task.docs.push_back({task.id + "-d", ProjectNumber, "交底书.pdf", "file-" + std::to_string(number), "",
+                                 1 << 20, "pdf", 1, ""});
     }
 
     /// Three in ten are plans, the others published; of those some are confirmed by few and some by all.
@@ -154,6 +155,7 @@ void seedLoad(IStore& store, const Passwords& passwords, const LoadSettings& set
         if (store.department(settings.deptId) || store.person(settings.deptId))
             throw std::invalid_argument("there is a department " + settings.deptId + " already");
         store.putDepartment({settings.deptId, "压力测试项目部", ""});
+        store.putProject({ProjectNumber, "压力测试工程", settings.deptId});
         maker.addPeople(store, hash);
         maker.addCatalogs(store);
         store.addTasks(settings.deptId, [&maker](Task& task) { return maker.next(task); });

@@ -16,9 +16,10 @@ struct LoadSettings {
     std::uint32_t seed = 1;
 };
 
-/// Adds a department of its own with people, catalogs and very many tasks, for trying the service at size. The same
-/// settings make the same data. All of it or nothing is there afterwards. The person named as the department, with that
-/// for a password, may do everything in it. Throws std::invalid_argument when the department is there already.
+/// Adds a department of its own with a project, people, catalogs and very many tasks, for trying the service at size.
+/// The same settings make the same data. All of it or nothing is there afterwards. The person named as the department,
+/// with that for a password, may do everything in it. Throws std::invalid_argument when the department is there
+/// already.
 void seedLoad(IStore& store, const Passwords& passwords, const LoadSettings& settings);
 
 }  // namespace disclosure

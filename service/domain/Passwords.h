@@ -9,6 +9,7 @@ namespace disclosure {
 class Passwords {
 public:
     enum class Cost { Interactive, Lowest };
+    static constexpr std::size_t Longest = 1024;  // bytes; nobody logs in with a longer one
 
     explicit Passwords(Cost cost = Cost::Interactive);
 

@@ -173,15 +173,18 @@ void Tasks::noteRemovalOf(const std::string& deptId, const std::string& catalogI
 /// Whoever sees the task may read its files, so people hand on only what they have uploaded themselves, or what it has
 /// already.
 void Tasks::checkFiles(const Task& task, const std::vector<TaskAttachment>& attachments) {
+    const auto check = [&](const std::string& uuid, const std::string& md5, std::int32_t size) {
+        if (std::any_of(task.docs.begin(), task.docs.end(),
+                        [&](const TaskDoc& doc) { return doc.uuid == uuid && doc.md5 == md5 && doc.size == size; }))
+            return;
+        const auto file = m_store.file({task.deptId, uuid});
+        if (!file || file->username != m_username || file->md5 != md5 || file->size != size)
+            throw Refusal(reasons::DocNotStored);
+    };
     for (const TaskAttachment& attachment : attachments) {
-        for (const std::string* uuid : {&attachment.uuid, &attachment.thumbnailUuid}) {
-            if (uuid->empty() || std::any_of(task.docs.begin(), task.docs.end(),
-                                             [uuid](const TaskDoc& doc) { return doc.uuid == *uuid; }))
-                continue;
-            const auto file = m_store.file({task.deptId, *uuid});
-            if (!file || file->username != m_username)
-                throw Refusal(reasons::DocNotStored);
-        }
+        check(attachment.uuid, attachment.md5, attachment.size);
+        if (!attachment.thumbnailUuid.empty())
+            check(attachment.thumbnailUuid, attachment.thumbnailMd5, attachment.thumbnailSize);
     }
 }
 

@@ -1,7 +1,8 @@
 #include "service/files/Sweep.h"
 
-#include <string>
-#include <vector>
+#include <algorithm>
+#include <iterator>
+#include <spdlog/spdlog.h>
 
 #include "service/ports/Changing.h"
 
@@ -35,7 +36,7 @@ bool removeLoose(IStore& store, const FileFolder& files, std::int64_t before, st
             }
         });
         for (const std::string& uuid : removed)
-            files.remove(uuid);
+            files.setAside(uuid);
         if (!goOn())
             return false;
     } while (found.size() == AtOnce);
@@ -50,31 +51,51 @@ bool removeDeadUploads(IStore& store, const FileFolder& files, std::int64_t befo
         if (!goOn())
             return false;
     }
-    files.eachIncomingOlder(Dead, [&](const std::string& uuid) { files.removeIncoming(uuid); });
+    files.removeIncomingOlder(Dead);
     return goOn();
-}
-
-/// A file has its row moments after its last byte, so an old one without it never will.
-void removeUnknown(IStore& store, const FileFolder& files, std::chrono::milliseconds age, const GoOn& goOn) {
-    std::size_t looked = 0;
-    bool goesOn = true;
-    files.eachOlder(age, [&](const std::string& uuid) {
-        if (!goesOn)
-            return;
-        if (!store.knowsFile(uuid))
-            files.remove(uuid);
-        if (++looked % AtOnce == 0)
-            goesOn = goOn();
-    });
 }
 
 }  // namespace
 
 void sweepFiles(IStore& store, const FileFolder& files, std::chrono::milliseconds keep, std::int64_t now,
                 const GoOn& goOn) {
-    if (removeLoose(store, files, now - keep.count(), now, goOn) &&
-        removeDeadUploads(store, files, now - Gone.count(), goOn))
-        removeUnknown(store, files, keep, goOn);
+    if (removeLoose(store, files, now - keep.count(), now, goOn))
+        removeDeadUploads(store, files, now - Gone.count(), goOn);
+}
+
+void sortFolder(IStore& store, const FileFolder& files, std::chrono::milliseconds keep, std::chrono::milliseconds aside,
+                const GoOn& goOn) {
+    using Where = FileFolder::Where;
+    for (const std::string& shelf : files.shelves(Where::Kept)) {
+        // A file has its row moments after its last byte, so an old one without it never will.
+        for (const std::string& uuid : unknownOf(store, files.contents(Where::Kept, shelf)))
+            if (files.age(Where::Kept, uuid) > keep) {
+                spdlog::warn("the file {} is unknown to the database and is set aside", uuid);
+                files.setAside(uuid);
+            }
+        if (!goOn())
+            return;
+    }
+    for (const std::string& shelf : files.shelves(Where::Aside)) {
+        const auto all = files.contents(Where::Aside, shelf);
+        const auto unknown = unknownOf(store, all);
+        for (const std::string& uuid : all)
+            if (!std::binary_search(unknown.begin(), unknown.end(), uuid))
+                files.putBack(uuid);
+            else if (files.age(Where::Aside, uuid) > aside)
+                files.removeAside(uuid);
+        if (!goOn())
+            return;
+    }
+}
+
+std::vector<std::string> unknownOf(IFileStore& store, const std::vector<std::string>& uuids) {
+    if (uuids.empty())
+        return {};
+    const auto known = store.knownFiles(uuids.front(), uuids.back());
+    std::vector<std::string> unknown;
+    std::set_difference(uuids.begin(), uuids.end(), known.begin(), known.end(), std::back_inserter(unknown));
+    return unknown;
 }
 
 }  // namespace disclosure

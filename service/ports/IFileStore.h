@@ -16,6 +16,11 @@ public:
     /// The file, if the person may read it: as a member, as who has uploaded it, or with a task they may see.
     virtual std::optional<StoredFile> fileOfPerson(const std::string& username, const FileKey& key) = 0;
     virtual bool knowsFile(const std::string& uuid) = 0;
+    /// Those known from `first` to `last`, both included, in their order.
+    virtual std::vector<std::string> knownFiles(const std::string& first, const std::string& last) = 0;
+    virtual bool holdsFiles() = 0;
+    /// The database's id, by which it knows the folder of its files.
+    virtual std::string folderId() = 0;
     /// The bytes of the department's files, those on their way included.
     virtual std::int64_t bytesOf(const std::string& deptId) = 0;
     /// The file is loose from `storedAt` on.

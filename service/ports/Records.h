@@ -16,7 +16,7 @@ struct Department {
     std::string parentId;
 };
 
-/// A person who may log in.
+/// A person who may log in while active.
 struct Person {
     std::string username;
     std::string realname;
@@ -24,6 +24,7 @@ struct Person {
     std::string deptId;        // the home department
     std::string passwordHash;  // argon2id in its own text form
     std::string mail = {};     // the address reminders go to; may be empty
+    bool active = true;
 };
 
 /// A project; `ppid` is the number that links carry.

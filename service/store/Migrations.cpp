@@ -207,6 +207,26 @@ const std::vector<Migration> Steps{
         "(c.notify_advance = 1 OR c.notify_overdue = 1)) BEGIN INSERT INTO reminder_changed (dept_id, task_rid) "
         "VALUES (new.dept_id, new.rid) ON CONFLICT DO NOTHING; END",
     },
+    {
+// 9: which folder of files is this database's, how much each department has in it, and people who have left
+#define DISCLOSURE_USE(table, event, row, sign)                                         \
+    "CREATE TRIGGER " table "_" event " AFTER " event " ON " table                      \
+    " BEGIN INSERT INTO file_usage (dept_id, bytes) VALUES (" row ".dept_id, " sign row \
+    ".size) ON CONFLICT (dept_id) DO UPDATE SET bytes = bytes " sign row ".size; END"
+        "CREATE TABLE file_folder (id VARCHAR(64) NOT NULL)",
+        "INSERT INTO file_folder (id) VALUES (lower(hex(randomblob(16))))",
+        "CREATE TABLE file_usage (dept_id VARCHAR(64) PRIMARY KEY REFERENCES department (dept_id), "
+        "bytes BIGINT NOT NULL) WITHOUT ROWID",
+        "INSERT INTO file_usage (dept_id, bytes) SELECT dept_id, SUM(size) FROM (SELECT dept_id, size FROM stored_file "
+        "UNION ALL SELECT dept_id, size FROM file_upload) GROUP BY dept_id",
+        DISCLOSURE_USE("stored_file", "INSERT", "new", "+ "),
+        DISCLOSURE_USE("stored_file", "DELETE", "old", "- "),
+        DISCLOSURE_USE("file_upload", "INSERT", "new", "+ "),
+        DISCLOSURE_USE("file_upload", "DELETE", "old", "- "),
+        "DROP INDEX stored_file_size",
+        "ALTER TABLE person ADD COLUMN active INTEGER NOT NULL DEFAULT 1",
+#undef DISCLOSURE_USE
+    },
 };
 
 }  // namespace

@@ -73,8 +73,10 @@ inline constexpr auto TasksOfPerson = DISCLOSURE_REACH
 inline constexpr auto MemberOf = "SELECT COUNT(*) FROM member WHERE dept_id = :dept AND username = :username";
 inline constexpr auto SameOrganisation =
     "WITH RECURSIVE up(dept_id, parent_id, side) AS (SELECT d.dept_id, d.parent_id, 0 FROM department d "
-    "WHERE d.dept_id = :dept UNION SELECT d.dept_id, d.parent_id, 1 FROM member m CROSS JOIN department d "
-    "WHERE m.username = :username AND d.dept_id = m.dept_id UNION SELECT d.dept_id, d.parent_id, u.side FROM up u "
+    "WHERE d.dept_id = :dept UNION SELECT d.dept_id, d.parent_id, 1 FROM person p CROSS JOIN member m "
+    "CROSS JOIN department d "
+    "WHERE p.username = :username AND p.active = 1 AND m.username = p.username AND d.dept_id = m.dept_id UNION SELECT "
+    "d.dept_id, d.parent_id, u.side FROM up u "
     "CROSS JOIN department d WHERE d.dept_id = u.parent_id) SELECT COUNT(*) FROM up a CROSS JOIN up b "
     "WHERE a.side = 0 AND b.side = 1 AND a.parent_id IS NULL AND b.dept_id = a.dept_id";
 inline constexpr auto LogOfTask =
@@ -109,8 +111,9 @@ inline constexpr auto FileOfPerson = DISCLOSURE_REACH DISCLOSURE_FILE
     "OR f.uploaded_by = :username OR " DISCLOSURE_SHOWS("task_doc", "uuid") " OR " DISCLOSURE_SHOWS(
         "task_attachment", "uuid") " OR " DISCLOSURE_SHOWS("task_attachment", "thumbnail_uuid") ")";
 inline constexpr auto KnownFile = "SELECT COUNT(*) FROM stored_file f WHERE f.uuid = :uuid";
-inline constexpr auto BytesStored = "SELECT COALESCE(SUM(f.size), 0) FROM stored_file f WHERE f.dept_id = :dept";
-inline constexpr auto BytesComing = "SELECT COALESCE(SUM(k.size), 0) FROM file_upload k WHERE k.dept_id = :dept";
+inline constexpr auto KnownFiles =
+    "SELECT f.uuid FROM stored_file f WHERE f.uuid >= :first AND f.uuid <= :last ORDER BY f.uuid";
+inline constexpr auto BytesUsed = "SELECT f.bytes FROM file_usage f WHERE f.dept_id = :dept";
 inline constexpr auto UploadsBefore = "SELECT k.dept_id, k.uuid FROM file_upload k WHERE k.begun_at < :before";
 inline constexpr auto References = "SELECT " DISCLOSURE_REFERS("task_doc", "uuid") " + " DISCLOSURE_REFERS(
     "task_attachment", "uuid") " + " DISCLOSURE_REFERS("task_attachment", "thumbnail_uuid");
@@ -159,7 +162,7 @@ inline constexpr auto DueMails = DISCLOSURE_MAIL "WHERE wake_at <= :now ORDER BY
 inline constexpr auto MailsFromTheFuture = DISCLOSURE_MAIL "WHERE claimed_at > :future ORDER BY claimed_at LIMIT :most";
 
 inline constexpr auto PersonByName =
-    "SELECT realname, head_uuid, dept_id, password_hash, mail FROM person WHERE username = :username";
+    "SELECT realname, head_uuid, dept_id, password_hash, mail, active FROM person WHERE username = :username";
 inline constexpr auto SessionByHash = "SELECT username, created_at, seen_at FROM web_session WHERE hash = :hash";
 inline constexpr auto AttemptsOf =
     "SELECT since, attempts FROM login_attempt WHERE username = :username AND address = :address";
@@ -171,7 +174,7 @@ inline constexpr auto DepartmentsFrom =
 inline constexpr auto PeopleFrom = DISCLOSURE_BELOW
     "SELECT p.username, p.realname, p.head_uuid, COALESCE(MAX(CASE WHEN m.dept_id = p.dept_id THEN p.dept_id END), "
     "MIN(m.dept_id)) FROM below b CROSS JOIN member m CROSS JOIN person p WHERE m.dept_id = b.dept_id "
-    "AND p.username = m.username GROUP BY p.username, p.realname, p.head_uuid ORDER BY p.username";
+    "AND p.username = m.username AND p.active = 1 GROUP BY p.username, p.realname, p.head_uuid ORDER BY p.username";
 inline constexpr auto ProjectsOf = DISCLOSURE_REACH
     "SELECT p.ppid, p.name, p.dept_id FROM project p WHERE p.dept_id IN (SELECT dept_id FROM reach) ORDER BY p.ppid";
 inline constexpr auto RightsOf =
@@ -228,8 +231,8 @@ inline constexpr const char* Keyed[] = {
     FileByUuid,
     FileOfPerson,
     KnownFile,
-    BytesStored,
-    BytesComing,
+    KnownFiles,
+    BytesUsed,
     UploadsBefore,
     References,
     LooseFiles,

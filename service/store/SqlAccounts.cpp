@@ -9,27 +9,38 @@ using soci::use;
 std::optional<Person> SqlStore::person(const std::string& username) {
     Person p;
     p.username = username;
+    int active = 0;
     if (!m_statements.one(queries::PersonByName, into(p.realname), into(p.headUuid), into(p.deptId),
-                          into(p.passwordHash), into(p.mail), use(username, "username")))
+                          into(p.passwordHash), into(p.mail), into(active), use(username, "username")))
         return std::nullopt;
+    p.active = active != 0;
     return p;
 }
 
 std::vector<Person> SqlStore::people() {
+    std::vector<Person> people;
     Person p;
-    return m_statements.list(
-        "SELECT username, realname, head_uuid, dept_id, password_hash, mail FROM person ORDER BY username", p,
-        into(p.username), into(p.realname), into(p.headUuid), into(p.deptId), into(p.passwordHash), into(p.mail));
+    int active = 0;
+    m_statements.each(
+        "SELECT username, realname, head_uuid, dept_id, password_hash, mail, active FROM person ORDER BY username",
+        [&] {
+            p.active = active != 0;
+            people.push_back(p);
+        },
+        into(p.username), into(p.realname), into(p.headUuid), into(p.deptId), into(p.passwordHash), into(p.mail),
+        into(active));
+    return people;
 }
 
 void SqlStore::putPerson(const Person& p) {
+    const int active = p.active ? 1 : 0;
     m_statements.run(
-        "INSERT INTO person (username, realname, head_uuid, dept_id, password_hash, mail) "
-        "VALUES (:username, :realname, :head, :dept, :hash, :mail) ON CONFLICT (username) DO UPDATE SET "
+        "INSERT INTO person (username, realname, head_uuid, dept_id, password_hash, mail, active) "
+        "VALUES (:username, :realname, :head, :dept, :hash, :mail, :active) ON CONFLICT (username) DO UPDATE SET "
         "realname = excluded.realname, head_uuid = excluded.head_uuid, dept_id = excluded.dept_id, "
-        "password_hash = excluded.password_hash, mail = excluded.mail",
+        "password_hash = excluded.password_hash, mail = excluded.mail, active = excluded.active",
         use(p.username, "username"), use(p.realname, "realname"), use(p.headUuid, "head"), use(p.deptId, "dept"),
-        use(p.passwordHash, "hash"), use(p.mail, "mail"));
+        use(p.passwordHash, "hash"), use(p.mail, "mail"), use(active, "active"));
 }
 
 std::optional<Session> SqlStore::session(const std::string& hash) {

@@ -29,9 +29,23 @@ bool SqlStore::knowsFile(const std::string& uuid) {
     return readNumber(queries::KnownFile, use(uuid, "uuid")) > 0;
 }
 
+std::vector<std::string> SqlStore::knownFiles(const std::string& first, const std::string& last) {
+    std::string uuid;
+    return m_statements.list(queries::KnownFiles, uuid, into(uuid), use(first, "first"), use(last, "last"));
+}
+
+bool SqlStore::holdsFiles() {
+    return readNumber("SELECT COUNT(*) FROM (SELECT 1 FROM stored_file LIMIT 1) found") > 0;
+}
+
+std::string SqlStore::folderId() {
+    std::string id;
+    m_statements.one("SELECT id FROM file_folder", into(id));
+    return id;
+}
+
 std::int64_t SqlStore::bytesOf(const std::string& deptId) {
-    return readNumber(queries::BytesStored, use(deptId, "dept")) +
-           readNumber(queries::BytesComing, use(deptId, "dept"));
+    return readNumber(queries::BytesUsed, use(deptId, "dept"));
 }
 
 void SqlStore::addFile(const StoredFile& f) {

@@ -14,6 +14,10 @@ std::optional<Department> SqlStore::department(const std::string& deptId) {
     return d;
 }
 
+bool SqlStore::hasDepartments() {
+    return readNumber("SELECT COUNT(*) FROM (SELECT 1 FROM department LIMIT 1) found") > 0;
+}
+
 std::vector<Department> SqlStore::departmentsFrom(const std::string& deptId) {
     Department d;
     return m_statements.list(queries::DepartmentsFrom, d, into(d.id), into(d.name), into(d.parentId),
@@ -64,6 +68,11 @@ void SqlStore::putProject(const Project& p) {
 void SqlStore::putMember(const std::string& deptId, const std::string& username) {
     m_statements.run("INSERT INTO member (dept_id, username) VALUES (:dept, :username) ON CONFLICT DO NOTHING",
                      use(deptId, "dept"), use(username, "username"));
+}
+
+bool SqlStore::removeMember(const std::string& deptId, const std::string& username) {
+    return m_statements.run("DELETE FROM member WHERE dept_id = :dept AND username = :username", use(deptId, "dept"),
+                            use(username, "username")) > 0;
 }
 
 void SqlStore::putRights(const std::string& deptId, const std::string& username, const Rights& rights) {

@@ -40,6 +40,7 @@ public:
     void removeLoginAttemptsBefore(std::int64_t time) override;
 
     std::optional<Department> department(const std::string& deptId) override;
+    bool hasDepartments() override;
     std::vector<Department> departmentsFrom(const std::string& deptId) override;
     std::vector<Person> peopleFrom(const std::string& deptId) override;
     std::vector<Project> projectsOf(const std::string& username) override;
@@ -47,6 +48,7 @@ public:
     void putDepartment(const Department& department) override;
     void putProject(const Project& project) override;
     void putMember(const std::string& deptId, const std::string& username) override;
+    bool removeMember(const std::string& deptId, const std::string& username) override;
     void putRights(const std::string& deptId, const std::string& username, const Rights& rights) override;
 
     std::vector<Catalog> catalogs(const std::string& deptId) override;
@@ -85,6 +87,9 @@ public:
     std::optional<StoredFile> file(const FileKey& key) override;
     std::optional<StoredFile> fileOfPerson(const std::string& username, const FileKey& key) override;
     bool knowsFile(const std::string& uuid) override;
+    std::vector<std::string> knownFiles(const std::string& first, const std::string& last) override;
+    bool holdsFiles() override;
+    std::string folderId() override;
     std::int64_t bytesOf(const std::string& deptId) override;
     void addFile(const StoredFile& file) override;
     void removeFile(const FileKey& key) override;

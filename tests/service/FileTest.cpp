@@ -17,6 +17,8 @@ namespace {
 
 constexpr auto FilesPath = "/rs/platform/files";
 const GoOn Always = [] { return true; };
+constexpr std::chrono::hours Keep{24};
+constexpr std::chrono::hours Aside{14 * 24};
 
 std::string noise(std::size_t size) {
     std::mt19937 random(static_cast<unsigned>(size));
@@ -46,6 +48,10 @@ std::string length(std::size_t size) {
     return "Content-Length: " + std::to_string(size) + "\r\n";
 }
 
+Answer takeBack(Client& client, const std::string& uuid) {
+    return client.post(std::string(FilesPath) + "/delete", R"({"deptId":"demo-dept-1","uuid":")" + uuid + R"("})");
+}
+
 /// What is given up is removed by another thread, a moment later.
 void expectNothingStays(const TestService& service, long long files = 0) {
     const std::string rows = "SELECT (SELECT COUNT(*) FROM file_upload) * 1000 + (SELECT COUNT(*) FROM stored_file)";
@@ -60,12 +66,31 @@ protected:
     std::string stored(const std::string& content, const std::string& name = "a.pdf") {
         return uuidOf(demo.upload(FirstDept, name, content));
     }
-    Answer remove(Client client, const std::string& uuid) {
-        return client.post(std::string(FilesPath) + "/delete", R"({"deptId":"demo-dept-1","uuid":")" + uuid + R"("})");
-    }
-    std::string docsWith(const std::string& uuid, const std::string& content) {
-        return R"(,"disclosureTaskDocList":[)" + docJson("d", "书.pdf", uuid, md5Of(content), std::ssize(content)) +
+    Answer remove(Client client, const std::string& uuid) { return takeBack(client, uuid); }
+    static std::string docsWith(const std::string& uuid, const std::string& content,
+                                const char* list = "disclosureTaskDocList") {
+        return std::string(",\"") + list + "\":[" + docJson("d", "书.pdf", uuid, md5Of(content), std::ssize(content)) +
                "]";
+    }
+    void sweep(const GoOn& goOn = Always) {
+        const auto store = service.database().connect();
+        sweepFiles(*store, service.files(), Keep, service.now, goOn);
+        sortFolder(*store, service.files(), Keep, Aside, goOn);
+    }
+    bool lies(const std::string& uuid, const char* where = "") const {
+        return std::filesystem::exists(service.placeOf(uuid, where));
+    }
+    /// Whether the database knows the file; its content goes with the row, and is then set aside.
+    bool there(const std::string& uuid) {
+        const bool row = service.database().connect()->knowsFile(uuid);
+        EXPECT_TRUE(lies(uuid) == row && lies(uuid, "unknown") != row) << uuid;
+        return row;
+    }
+    /// Writes a content as if it had been done so long ago.
+    void put(const std::filesystem::path& file, std::chrono::hours age) {
+        std::filesystem::create_directories(file.parent_path());
+        std::ofstream(file) << "content";
+        std::filesystem::last_write_time(file, std::filesystem::file_time_type::clock::now() - age);
     }
 };
 
@@ -84,6 +109,7 @@ TEST_F(FileRules, AFileComesBackAsItWasSent) {
         EXPECT_EQ(got.status, 200);
         EXPECT_TRUE(got.body == content) << size;
         EXPECT_EQ(got.etag, "\"" + md5Of(content) + "\"");
+        EXPECT_EQ(got.disposition, "attachment; filename*=UTF-8''%E4%B9%A6.PDF");
     }
     expectNothingStays(service, 5);
 }
@@ -156,9 +182,7 @@ TEST(FileLimits, ADepartmentHasItsQuotaTheFilesOnTheirWayIncluded) {
     const std::string uuid = uuidOf(coming.answer());
     EXPECT_EQ(demo.upload(FirstDept, "c.pdf", "x").code(), 409);
     EXPECT_EQ(demo.raw(uploadHead(demo.cookie(), length(0))).code(), 409) << "an empty one, too";
-    EXPECT_EQ(
-        demo.post(std::string(FilesPath) + "/delete", R"({"deptId":"demo-dept-1","uuid":")" + uuid + "\"}").code(),
-        200);
+    EXPECT_EQ(takeBack(demo, uuid).code(), 200);
     EXPECT_EQ(demo.upload(FirstDept, "c.pdf", noise(60'000)).code(), 200);
     expectNothingStays(service, 2);
 }
@@ -222,24 +246,37 @@ TEST_F(FileRules, AFileIsReadByMembersItsUploaderAndWhoMaySeeATaskWithIt) {
     EXPECT_EQ(read("zhoujie").body, "content");
 
     const std::string photo = stored("photo", "a.jpg");
-    EXPECT_EQ(service.loggedIn("zhoujie").get(pathOf(photo)).code(), 404);
-    const auto confirm = [&](const std::string& attachment) {
-        return by("second", "confirm_by_disclosure_user", "t",
-                  R"(,"attachementList":[{"name":"a",)" + attachment + "}]")
-            .code();
+    const std::string own = stored("mine", "b.jpg");
+    service.run("UPDATE stored_file SET uploaded_by = 'second' WHERE uuid = '" + own + "'");
+    EXPECT_EQ(service.loggedIn("zhoujie").get(pathOf(own)).code(), 404);
+    const auto thumbnail = [](const std::string& file, const std::string& content) {
+        return R"(,"thumbnailUuid":")" + file + R"(","thumbnailMd5":")" + md5Of(content) + R"(","thumbnailSize":)" +
+               std::to_string(content.size());
     };
-    EXPECT_EQ(confirm(R"("uuid":")" + photo + "\""), 422) << "somebody else's";
-    EXPECT_EQ(confirm(R"("thumbnailUuid":")" + photo + "\""), 422);
-    service.run("UPDATE stored_file SET uploaded_by = 'second' WHERE uuid = '" + photo + "'");
-    ASSERT_EQ(confirm(R"("uuid":")" + photo + R"(","thumbnailUuid":")" + uuid + "\""), 200);
-    EXPECT_EQ(service.loggedIn("zhoujie").get(pathOf(photo)).body, "photo");
+    // File, its content as it is told, thumbnail
+    const std::tuple<std::string, std::string, std::string, int> attachments[] = {
+        {photo, "photo", "", 422},  // somebody else's
+        {own, "mine", thumbnail(photo, "photo"), 422},
+        {own, "mini", "", 422},
+        {own, "mine!", "", 422},
+        {uuid, "contend", "", 422},
+        {own, "mine", thumbnail(uuid, "contend"), 422},
+        {"", "", "", 422},
+        {own, "mine", thumbnail(uuid, "content"), 200},
+    };
+    for (const auto& [file, content, more, code] : attachments) {
+        std::string list = docsWith(file, content, "attachementList");
+        list.insert(list.size() - 2, more);
+        EXPECT_EQ(by("second", "confirm_by_disclosure_user", "t", list).code(), code) << list;
+    }
+    EXPECT_EQ(service.loggedIn("zhoujie").get(pathOf(own)).body, "mine");
 
     const auto store = service.database().connect();
     Transaction transaction(*store, IStore::Access::Write);
-    StoredFile own = *store->file({FirstDept, uuid});
-    store->removeFile(own.key);
-    own.username = "chenwei";
-    store->addFile(own);
+    StoredFile theirs = *store->file({FirstDept, uuid});
+    store->removeFile(theirs.key);
+    theirs.username = "chenwei";
+    store->addFile(theirs);
     transaction.commit();
     ASSERT_EQ(demo.del(TaskPath + "batchdelete", R"({"ids":["t"]})").code(), 200);
     EXPECT_EQ(read("zhoujie").code(), 404);
@@ -304,26 +341,36 @@ TEST_F(FileRules, ATasksUploadedDocumentsAreStoredFilesOfItsDepartment) {
     EXPECT_EQ(save(taskBody("u", "任务", docsWith(uuid, "content"))).code(), 422);
 }
 
-TEST_F(FileRules, WhatNoTaskHasForADayIsSweptAway) {
-    constexpr std::chrono::hours Keep{24};
-    const auto store = service.database().connect();
-    const auto sweep = [&] { sweepFiles(*store, service.files(), Keep, service.now, Always); };
-    const auto there = [&](const std::string& uuid) {
-        const bool row = store->knowsFile(uuid);
-        EXPECT_EQ(row, service.files().open(uuid) != nullptr) << "the row and its content go together";
-        return row;
-    };
+TEST_F(FileRules, WhatACommitThatFailsHasBegunIsUndoneOnTheDiskToo) {
+    const std::string uuid = stored("kept");
+    // Whatever becomes of a stored file refers to nobody, which is only looked at when the transaction is to end.
+    service.run("CREATE TABLE held (who REFERENCES person (username) DEFERRABLE INITIALLY DEFERRED)");
+    for (const char* change : {"INSERT", "DELETE"})
+        service.run(std::string("CREATE TRIGGER hold_") + change + " AFTER " + change +
+                    " ON stored_file BEGIN INSERT INTO held VALUES ('nobody'); END");
+    EXPECT_EQ(demo.upload(FirstDept, "b.pdf", "lost").status, 500);
+    EXPECT_EQ(takeBack(demo, uuid).status, 500);
+    expectNothingStays(service, 1);
+    EXPECT_EQ(demo.get(pathOf(uuid)).body, "kept");
+    EXPECT_EQ(service.number("SELECT SUM(bytes) FROM file_usage"), 4);
+}
+
+TEST_F(FileRules, WhatNoTaskHasForADayIsSetAside) {
     const std::string loose = stored("loose");
     const std::string used = stored("used");
-    ASSERT_EQ(save(taskBody("t", "任务", docsWith(used, "used"))).code(), 200);
-    ASSERT_EQ(save(taskBody("u", "任务", docsWith(used, "used"))).code(), 200);
+    const std::string photo = stored("photo", "a.jpg");
+    const std::string small = stored("small", "a.jpg");
+    for (const char* id : {"t", "u"})
+        ASSERT_EQ(save(taskBody(id, "任务", docsWith(used, "used"))).code(), 200);
+    service.run("INSERT INTO task_attachment SELECT dept_id, rid, 0, 'a', 'a', '" + photo + "', '', 0, 'jpg', '" +
+                small + "', '', 0 FROM task WHERE task_id = 'u'");
     service.now += ADay - 1;
     sweep();
     EXPECT_TRUE(there(loose));
     service.now += 1;
     sweep();
     EXPECT_FALSE(there(loose));
-    EXPECT_TRUE(there(used));
+    EXPECT_TRUE(there(used) && there(photo) && there(small));
 
     demo.login("demo", "demo");
     ASSERT_EQ(update("t", R"(,"delDisclosureTaskDocIds":["d"])").code(), 200);
@@ -336,49 +383,68 @@ TEST_F(FileRules, WhatNoTaskHasForADayIsSweptAway) {
     sweep();
     service.now += ADay - 1;
     sweep();
-    EXPECT_TRUE(there(used)) << "for a day";
+    EXPECT_TRUE(there(used) && there(photo) && there(small)) << "for a day";
     service.now += 1;
     sweep();
-    EXPECT_FALSE(there(used));
+    EXPECT_FALSE(there(used) || there(photo) || there(small));
 }
 
 TEST_F(FileRules, WhatACrashHasLeftIsSweptAwayAndNothingElse) {
-    const auto age = [](const std::filesystem::path& file, std::chrono::hours hours) {
-        std::filesystem::last_write_time(file, std::filesystem::file_time_type::clock::now() - hours);
-    };
-    const std::filesystem::path folder = std::filesystem::path(service.file()).parent_path() / "files";
+    const std::filesystem::path incoming = service.files().path() / "incoming";
     const std::string kept = stored("kept");
-    age(folder / kept.substr(0, 2) / kept, std::chrono::hours(100));
-    std::filesystem::create_directories(folder / "aa");
-    std::ofstream(folder / "aa" / std::string(32, 'a')) << "old";
-    std::ofstream(folder / "aa" / ("aa" + std::string(30, 'b'))) << "new";
-    age(folder / "aa" / std::string(32, 'a'), std::chrono::hours(25));
+    put(service.placeOf(kept), std::chrono::hours(100));
+    const std::string old(32, 'a');
+    const std::string fresh = "aa" + std::string(30, 'b');
+    put(service.placeOf(old), std::chrono::hours(25));
+    put(service.placeOf(fresh), std::chrono::hours(23));
     const auto store = service.database().connect();
     for (const char digit : {'1', '2', '3'})
         store->addUpload({{FirstDept, std::string(32, digit)}, "", "", 10, "demo", service.now});
-    for (const char digit : {'1', '2'})
-        std::ofstream(folder / "incoming" / std::string(32, digit)) << "half";
-    age(folder / "incoming" / std::string(32, '1'), std::chrono::hours(2));
+    put(incoming / std::string(32, '1'), std::chrono::hours(2));
+    put(incoming / std::string(32, '2'), std::chrono::hours(0));
 
-    const auto sweep = [&](const GoOn& goOn) {
-        sweepFiles(*store, service.files(), std::chrono::hours(24), service.now, goOn);
-    };
-    sweep(Always);
+    sweepFiles(*store, service.files(), Keep, service.now, Always);
     EXPECT_EQ(service.number("SELECT COUNT(*) FROM file_upload"), 3);
     service.now += 6LL * 60 * 1000;
-    std::ofstream(folder / "aa" / std::string(32, 'a')) << "old";
-    age(folder / "aa" / std::string(32, 'a'), std::chrono::hours(25));
+    put(incoming / std::string(32, '1'), std::chrono::hours(2));
     sweep([] { return false; });
     EXPECT_EQ(service.number("SELECT COUNT(*) FROM file_upload"), 3) << "it ends when it is to";
-    EXPECT_EQ(service.filesOnDisk(), 4);
-    sweep(Always);
+    sweep();
+    EXPECT_TRUE(lies(old, "unknown"));
     EXPECT_EQ(service.number("SELECT COUNT(*) FROM file_upload WHERE uuid LIKE '33%'"), 0) << "it has no file";
     service.now += 2LL * 60 * 60 * 1000;
-    sweep(Always);
+    sweep();
     EXPECT_EQ(service.number("SELECT SUM(1 + 9 * (uuid NOT LIKE '22%')) FROM file_upload"), 1) << "that still grows";
+    EXPECT_EQ(service.number("SELECT bytes FROM file_usage"), 14) << "with the kept one's";
+    EXPECT_TRUE(lies(kept) && lies(fresh));
     EXPECT_EQ(service.filesOnDisk(), 3) << "kept, new, and the one that still grows";
-    demo.login("demo", "demo");
-    EXPECT_EQ(demo.get(pathOf(kept)).body, "kept");
+}
+
+TEST_F(FileRules, WhatTheDatabaseDoesNotKnowWaitsForItsRow) {
+    // As after an older database has been put in the place of the one that knew them.
+    const std::string read = stored("read");
+    const std::string swept = stored("swept");
+    const std::string never = stored("never");
+    service.run("CREATE TABLE newer AS SELECT * FROM stored_file");
+    service.run("DELETE FROM stored_file");
+    for (const std::string& uuid : {read, swept, never})
+        put(service.placeOf(uuid), std::chrono::hours(100));
+    sweep();
+    EXPECT_FALSE(there(read) || there(swept) || there(never));
+    const auto aside = [&](const std::string& uuid, std::chrono::hours age) {
+        put(service.placeOf(uuid, "unknown"), age);
+    };
+    for (const std::string& uuid : {read, swept, never})
+        aside(uuid, Aside - std::chrono::hours(1));
+    sweep();
+    EXPECT_TRUE(lies(never, "unknown"));
+    service.run("INSERT INTO stored_file SELECT * FROM newer WHERE uuid <> '" + never + "'");
+    for (const std::string& uuid : {swept, never})
+        aside(uuid, Aside + std::chrono::hours(1));
+    EXPECT_EQ(demo.get(pathOf(read)).body, "content") << "at once";
+    sweep();
+    EXPECT_TRUE(there(read) && there(swept));
+    EXPECT_FALSE(lies(never) || lies(never, "unknown"));
 }
 
 TEST_F(FileRules, ASweepAndATaskThatRefersToTheFileAtThatMomentAgree) {
@@ -390,7 +456,7 @@ TEST_F(FileRules, ASweepAndATaskThatRefersToTheFileAtThatMomentAgree) {
     demo.login("demo", "demo");
     std::thread sweeper([&] {
         const auto store = service.database().connect();
-        sweepFiles(*store, service.files(), std::chrono::hours(24), service.now, Always);
+        sweepFiles(*store, service.files(), Keep, service.now, Always);
     });
     int saved = 0;
     for (int i = 0; i < Rounds; ++i) {

@@ -7,6 +7,8 @@
 #include <soci/soci.h>
 #include <soci/sqlite3/soci-sqlite3.h>
 #include <thread>
+#include <tuple>
+#include <utility>
 
 #include "tests/service/ServedProgram.h"
 #include "tests/service/TaskTest.h"
@@ -18,8 +20,8 @@ class Process : public ::testing::Test {
 protected:
     /// Runs one command of the program in a shell, which feeds it `input`; returns whether it succeeded.
     bool run(const std::string& command, const std::string& input = {}) const {
-        const std::string line = "printf '%s\\n' '" + input + "' | '" + Program + "' --database '" + database + "' " +
-                                 command + " > '" + folder.file("out") + "' 2>&1";
+        const std::string line = "printf '%s\\n' '" + input + "' | timeout 120 '" + Program + "' --database '" +
+                                 database + "' " + command + " > '" + folder.file("out") + "' 2>&1";
         return std::system(line.c_str()) == 0;
     }
     std::string output() const {
@@ -29,7 +31,8 @@ protected:
 
     soci::session open() const { return {soci::sqlite3, "dbname=\"" + database.substr(7) + "\""}; }
     std::string contentOf(const std::string& uuid) const {
-        std::ifstream file(folder.file("data dir/files/" + uuid.substr(0, 2) + "/" + uuid), std::ios::binary);
+        std::ifstream file(folder.file("data dir/disclosure.files/" + uuid.substr(0, 2) + "/" + uuid),
+                           std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
@@ -38,24 +41,112 @@ protected:
 };
 
 TEST_F(Process, PeopleAreManagedFromTheCommandLine) {
-    ASSERT_TRUE(run("seed --demo"));
-    ASSERT_TRUE(run("seed --demo")) << "again";
-    EXPECT_TRUE(run("user add wang --realname 王五 --dept demo-dept-1", "first secret"));
-    EXPECT_FALSE(run("user add wang --realname 王五 --dept demo-dept-1", "x")) << "there already";
-    EXPECT_FALSE(run("user add li --realname 李四 --dept none", "x"));
-    EXPECT_FALSE(run("user grant wang --dept demo-dept-1 AUTH_NONE"));
-    EXPECT_TRUE(run("user grant wang --dept demo-dept-1 AUTH_JIAODIGUANLI_EDITMULU"));
-    ASSERT_TRUE(run("user list"));
-    EXPECT_NE(output().find("wang\t王五\tdemo-dept-1\tAUTH_JIAODIGUANLI_EDITMULU\n"), std::string::npos) << output();
+    const std::string add = "user add wang --realname 王五 --dept demo-dept-1";
+    const std::tuple<std::string, std::string, bool> commands[] = {
+        {"seed --demo", "", true},
+        {"seed --demo", "", true},
+        {"user passwd wang", "x", false},
+        {add, std::string(1025, 'x'), false},
+        {add, "\xff", false},
+        {add, "first secret", true},
+        {add, "x", false},
+        {"user add li --realname 李四 --dept none", "x", false},
+        {"user grant wang --dept demo-dept-1 AUTH_NONE", "", false},
+        {"user grant wang --dept demo-dept-1 AUTH_JIAODIGUANLI_EDITMULU", "", true},
+        {"user passwd wang", std::string(1025, 'x'), false},
+        {"user leave wang --dept demo-dept-2", "", false},
+        {"user deactivate nobody", "", false},
+        {"user list", "", true},
+    };
+    for (const auto& [command, input, succeeds] : commands)
+        ASSERT_EQ(run(command, input), succeeds) << command << output();
+    EXPECT_NE(output().find("wang\t王五\tdemo-dept-1\tactive\tAUTH_JIAODIGUANLI_EDITMULU\n"), std::string::npos)
+        << output();
 
     Served served(folder, database);
     Client client(served.port());
+    const auto catalogs = [&] { return client.get(std::string(ListPath) + FirstDept); };
     ASSERT_EQ(client.login("wang", "first secret").status, 200);
     EXPECT_EQ(client.post(SavePath, saveBody(FirstDept, "", "新目录", Top)).code(), 200);
     EXPECT_TRUE(run("user passwd wang", "second secret"));
-    EXPECT_EQ(client.get(std::string(ListPath) + FirstDept).status, 302) << "a new password ends the sessions";
+    EXPECT_EQ(catalogs().status, 302) << "a new password ends the sessions";
     EXPECT_EQ(client.login("wang", "first secret").status, 401);
-    EXPECT_EQ(client.login("wang", "second secret").status, 200);
+    const std::string longest(1024, 'x');
+    ASSERT_TRUE(run("user passwd wang", longest));
+    EXPECT_EQ(client.login("wang", longest).status, 200);
+
+    // Who has left the company stays in the tasks there are, and comes into no new one.
+    Client demo(served.port());
+    demo.login("demo", "demo");
+    const auto task = [](const char* id, const char* more) {
+        return taskBody(id, "任务", std::string(R"(,"disclosureUserName":"wang")") + more);
+    };
+    const auto shown = [&] {
+        return demo.get(std::string("/rs/platform/users?deptId=") + FirstDept).body.find("王五");
+    };
+    ASSERT_EQ(demo.post(TaskPath + "save", task("t", "")).code(), 200);
+    EXPECT_NE(shown(), std::string::npos);
+    ASSERT_TRUE(run("user deactivate wang"));
+    EXPECT_EQ(catalogs().status, 302);
+    EXPECT_EQ(client.login("wang", longest).status, 401);
+    EXPECT_EQ(shown(), std::string::npos);
+    EXPECT_EQ(demo.post(TaskPath + "save", task("u", "")).code(), 422);
+    EXPECT_EQ(demo.post(TaskPath + "save", task("t", R"(,"remark":"改")")).code(), 200);
+    EXPECT_NE(demo.get(TaskPath + "query_disclosure_task_by_id/t").body.find("王五"), std::string::npos);
+    ASSERT_TRUE(run("user list"));
+    EXPECT_NE(output().find("wang\t王五\tdemo-dept-1\tdeactivated\t"), std::string::npos) << output();
+
+    ASSERT_TRUE(run("user activate wang"));
+    EXPECT_EQ(client.login("wang", longest).status, 200);
+    EXPECT_EQ(catalogs().code(), 200);
+    ASSERT_TRUE(run("user leave wang --dept demo-dept-1"));
+    EXPECT_EQ(catalogs().code(), 404);
+    EXPECT_EQ(demo.post(TaskPath + "save", task("u", "")).code(), 422);
+}
+
+TEST_F(Process, AFolderOfFilesBelongsToOneDatabase) {
+    namespace fs = std::filesystem;
+    const fs::path data = folder.file("data dir");
+    const fs::path own = data / "disclosure.files";
+    const std::string other = "sqlite:" + folder.file("data dir/b.db");
+    const auto refused = [&](const std::string& url, const fs::path& in, const char* why) {
+        const std::string config = folder.file("c.toml");
+        std::ofstream(config) << "[files]\nfolder = '" << in.string() << "'\n";
+        const std::string mine = std::exchange(database, url);
+        for (const char* command : {"serve --listen 127.0.0.1:0", "seed --demo"}) {
+            EXPECT_FALSE(run(std::string(command) + " --config '" + config + "'"));
+            EXPECT_NE(output().find(why), std::string::npos) << output();
+        }
+        database = mine;
+    };
+    ASSERT_TRUE(run("seed --demo"));
+    refused(other, own, "the files of another database");
+    refused(database, data / "mistyped", "has none of this database's files");
+    refused("sqlite::memory:", "", "a database in memory");
+
+    // As it was before folders had a name and an id.
+    fs::remove(own / "database");
+    refused(other, own, "holds files that this database does not know");
+    fs::rename(own, data / "files");
+    EXPECT_EQ(Served(folder, other).end(SIGTERM), 0);
+    EXPECT_TRUE(fs::exists(data / "b.files/database"));
+    EXPECT_FALSE(fs::exists(data / "files/database")) << "it is not that one's";
+    Served served(folder, database);
+    Client demo(served.port());
+    demo.login("demo", "demo");
+    std::string uuid;
+    open() << "SELECT uuid FROM stored_file LIMIT 1", soci::into(uuid);
+    EXPECT_EQ(demo.get("/rs/platform/files/" + uuid + "?deptId=" + FirstDept).status, 200);
+    EXPECT_TRUE(fs::exists(data / "files/database"));
+    EXPECT_FALSE(fs::exists(own));
+}
+
+TEST_F(Process, TheDemonstrationStaysAwayFromOthersData) {
+    std::ofstream(folder.file("org.toml")) << "[[department]]\nid = \"hq\"\nname = \"总公司\"\n";
+    ASSERT_TRUE(run("seed --organisation '" + folder.file("org.toml") + "'")) << output();
+    EXPECT_FALSE(run("seed --demo"));
+    ASSERT_TRUE(run("user list"));
+    EXPECT_EQ(output(), "");
 }
 
 TEST_F(Process, TakesOverAnOrganisationWholeOrNotAtAll) {
@@ -142,7 +233,7 @@ TEST_F(Process, AFullDiskLeavesNothingHalfAndSaysSo) {
     open() << "SELECT (SELECT COUNT(*) FROM stored_file) + 100 * (SELECT COUNT(*) FROM file_upload)", soci::into(rows);
     EXPECT_EQ(rows, demoFiles + 2);
     int files = 0;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.file("data dir/files")))
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.file("data dir/disclosure.files")))
         files += entry.is_regular_file() ? 1 : 0;
     EXPECT_EQ(files, demoFiles + 2);
 }
@@ -374,6 +465,7 @@ TEST_F(Process, KilledWhileMakingUpADepartmentItLeavesNothingOfIt) {
                   .json()["result"]["totalCount"]
                   .GetInt(),
               500);
+    EXPECT_EQ(client.get("/rs/platform/projects").json()["result"].Size(), 1U);
     EXPECT_EQ(client.login("load-dept", "load-dept").status, 401);
 }
 

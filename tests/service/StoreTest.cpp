@@ -108,7 +108,7 @@ TEST_F(StoreTest, EveryQueryFindsItsRowsByAKey) {
     sql.begin();
     const std::string numbers = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 1000) ";
     sql << numbers + "INSERT INTO department SELECT 'd' || i, 'd', 'demo-org' FROM n";
-    sql << numbers + "INSERT INTO person SELECT 'p' || i, 'p', '', 'd' || i, 'x', '' FROM n";
+    sql << numbers + "INSERT INTO person SELECT 'p' || i, 'p', '', 'd' || i, 'x', '', 1 FROM n";
     sql << "INSERT INTO member SELECT dept_id, username FROM person WHERE username LIKE 'p%'";
     sql << numbers + "INSERT INTO project SELECT 'd' || i, i, 'x' FROM n";
     sql << numbers +

@@ -259,11 +259,13 @@ TEST_F(TaskRules, StatusFollowsFromPublishingConfirmationsAndTheDay) {
     EXPECT_EQ(page("status=3"), Ids{});
     EXPECT_EQ(page("status=1"), Ids{"plan"});
 
-    EXPECT_EQ(
-        by("chenwei", "confirm_by_disclosure_user", "t",
-           R"(,"confirmRemark":"已讲清","attachementList":[{"id":"f","name":"签到.jpg","uuid":"","md5":"m","size":3}])")
-            .code(),
-        200);
+    const std::string photo(32, 'a');
+    const std::string md5 = service.addFile(FirstDept, photo, "jpg");
+    service.run("UPDATE stored_file SET uploaded_by = 'chenwei'");
+    EXPECT_EQ(by("chenwei", "confirm_by_disclosure_user", "t",
+                 R"(,"confirmRemark":"已讲清","attachementList":[)" + docJson("f", "签到.jpg", photo, md5, 3) + "]")
+                  .code(),
+              200);
     EXPECT_EQ(status("t"), 4) << "one has not confirmed yet";
     EXPECT_EQ(by("sunli", "confirm_by_receive_user", "t").code(), 200);
     EXPECT_EQ(status("t"), 2);

@@ -1,14 +1,15 @@
 #include "tests/service/TestService.h"
 
+#include <array>
 #include <boost/asio/write.hpp>
 #include <boost/beast/http/parser.hpp>
 #include <boost/beast/http/read.hpp>
 #include <boost/beast/http/write.hpp>
 #include <chrono>
-#include <cstdio>
 #include <openssl/evp.h>
 #include <soci/soci.h>
 #include <soci/sqlite3/soci-sqlite3.h>
+#include <sodium.h>
 #include <stdexcept>
 #include <stdlib.h>
 
@@ -62,6 +63,7 @@ Answer read(tcp::socket& socket, boost::beast::flat_buffer& buffer) {
     answer.status = static_cast<int>(response.result_int());
     answer.body = response.body();
     answer.etag = std::string(response[http::field::etag]);
+    answer.disposition = std::string(response[http::field::content_disposition]);
     answer.retryAfter = std::string(response[http::field::retry_after]);
     answer.hasLocation = response.count(http::field::location) > 0;
     const auto cookie = response[http::field::set_cookie];
@@ -191,8 +193,8 @@ std::string TestService::addFile(const std::string& deptId, const std::string& u
 
 long long TestService::filesOnDisk() const {
     long long count = 0;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(m_folder.file("files")))
-        count += entry.is_regular_file() ? 1 : 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(m_files.path()))
+        count += entry.is_regular_file() && entry.path().string().find("/unknown/") == std::string::npos ? 1 : 0;
     return count;
 }
 
@@ -209,16 +211,11 @@ void TestService::run(const std::string& statement) const {
 }
 
 std::string md5Of(const std::string& content) {
-    unsigned char bytes[EVP_MAX_MD_SIZE];
+    std::array<unsigned char, EVP_MAX_MD_SIZE> bytes{};
     unsigned count = 0;
-    EVP_Digest(content.data(), content.size(), bytes, &count, EVP_md5(), nullptr);
-    std::string text;
-    char digits[3];
-    for (unsigned i = 0; i < count; ++i) {
-        std::snprintf(digits, sizeof digits, "%02x", bytes[i]);
-        text += digits;
-    }
-    return text;
+    EVP_Digest(content.data(), content.size(), bytes.data(), &count, EVP_md5(), nullptr);
+    std::array<char, 2 * EVP_MAX_MD_SIZE + 1> text{};
+    return sodium_bin2hex(text.data(), text.size(), bytes.data(), count);
 }
 
 std::string saveBody(const std::string& deptId, const std::string& id, const std::string& name,

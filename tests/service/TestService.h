@@ -39,6 +39,7 @@ struct Answer {
     bool hasLocation = false;
     bool keepsOpen = false;  // the connection
     std::string etag;
+    std::string disposition;
     std::string retryAfter;
     rapidjson::Document json() const;
     /// The wrapper's code; -1 when the body is no wrapper.
@@ -108,7 +109,11 @@ public:
     /// A file of the department, stored as if somebody had uploaded it; returns its MD5.
     std::string addFile(const std::string& deptId, const std::string& uuid, const std::string& content);
     const FileFolder& files() const { return m_files; }
-    /// How many files lie in the folder, the incoming ones included.
+    /// The path of a file's content; `where` is "unknown" for those set aside.
+    std::filesystem::path placeOf(const std::string& uuid, const char* where = "") const {
+        return m_files.path() / where / uuid.substr(0, 2) / uuid;
+    }
+    /// How many files lie in the folder, the incoming ones included and those set aside not.
     long long filesOnDisk() const;
     long long number(const std::string& sql) const;
     void run(const std::string& sql) const;
