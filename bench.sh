@@ -5,8 +5,11 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 bash scripts/packages.sh bench
-bash scripts/build.sh release >build/bench.log 2>&1 || { cat build/bench.log >&2; exit 1; }
+bash scripts/build.sh release "${@:-benchmarks}"
 
+# What Qt and the service have to say besides goes to a log.
+log=build/bench.log
+: >"$log"
 export QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software
 echo "name | ours | peer | ratio | goal"
 for program in build/release/bench/*; do
@@ -15,5 +18,5 @@ for program in build/release/bench/*; do
     if [ $# -gt 0 ] && [[ " $* " != *" $name "* ]]; then
         continue
     fi
-    "$program"
+    "$program" 2>>"$log" || { tail -20 "$log" >&2; echo "$name failed; the whole log is $log" >&2; exit 1; }
 done

@@ -27,8 +27,7 @@ bash scripts/packages.sh run
 targets=(workbench disclosure-service DisclosurePackage)
 [ -z "$smoke" ] || targets+=(SmokeDriver)
 if [ -z "${DISCLOSURE_BUILT:-}" ]; then  # set by the tests, which have just built
-    mkdir -p build
-    bash scripts/build.sh "$preset" "${targets[@]}" >build/run.log 2>&1 || { cat build/run.log >&2; exit 1; }
+    bash scripts/build.sh "$preset" "${targets[@]}"
 fi
 bin=$root/build/$preset/bin
 

@@ -36,13 +36,17 @@ function(disclosure_test name)
     set_tests_properties(${name} PROPERTIES TIMEOUT ${A_TIMEOUT} ENVIRONMENT "${A_ENVIRONMENT}")
 endfunction()
 
-# A benchmark program; bench.sh runs every program in build/<preset>/bench.
+# A benchmark program, one of the target `benchmarks`; bench.sh runs every program in build/<preset>/bench.
 function(disclosure_bench name)
     cmake_parse_arguments(A "MOC" "" "SOURCES;DEPENDS" ${ARGN})
     add_executable(${name} ${A_SOURCES})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE ${A_DEPENDS} benchmark::benchmark)
     set_target_properties(${name} PROPERTIES AUTOMOC "${A_MOC}" RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bench)
+    if(NOT TARGET benchmarks)
+        add_custom_target(benchmarks)
+    endif()
+    add_dependencies(benchmarks ${name})
 endfunction()
 
 # A fuzz target, registered with CTest to run its CORPUS folder and RUNS mutations of it.

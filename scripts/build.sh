@@ -1,10 +1,8 @@
 #!/usr/bin/env bash
-# Configures and builds: build.sh PRESET [TARGET...]
+# Configures and builds, showing how far it is: build.sh PRESET [TARGET...]
 set -euo pipefail
 cd "$(dirname "$0")/.."
 preset=$1
 shift
-log=build/$preset.configure.log
-mkdir -p build
-cmake --preset "$preset" >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
-cmake --build --preset "$preset" ${@:+--target "$@"}
+bash scripts/progress.sh "Configuring for $preset" "build/$preset.configure.log" cmake --preset "$preset"
+bash scripts/progress.sh "Building for $preset" "build/$preset.log" cmake --build --preset "$preset" ${@:+--target "$@"}

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs by name what the three commands need: `packages.sh run|test|bench`. Does nothing where all is there.
 set -euo pipefail
+cd "$(dirname "$0")/.."
 
 build=(
     build-essential cmake ninja-build ccache pkg-config git
@@ -39,6 +40,8 @@ if [ "$(id -u)" -ne 0 ]; then
     command -v sudo >/dev/null || { echo "Install as root: ${missing[*]}" >&2; exit 1; }
     root=(sudo)
 fi
-echo "Installing: ${missing[*]}"
-"${root[@]}" apt-get update -qq
-"${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+echo "Installing ${#missing[@]} packages: ${missing[*]}" >&2
+
+bash scripts/progress.sh "Reading what packages there are" build/update.log "${root[@]}" apt-get update -o APT::Status-Fd=1
+bash scripts/progress.sh "Installing" build/install.log "${root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -o APT::Status-Fd=1 --no-install-recommends "${missing[@]}"

@@ -24,17 +24,25 @@ inline const std::string Program = BINARY_ROOT "/bin/disclosure-service";
 /// A process that tells its port in a file, ended with the object if it has not been before.
 class PortProcess {
 public:
-    /// Its standard output goes to `output`; waits until it has written the port.
-    PortProcess(std::vector<std::string> arguments, const std::string& portFile, const std::string& output) {
+    /// Its standard output goes to `output`, `variables` ("NAME=VALUE") come before the environment; waits until it has
+    /// written the port.
+    PortProcess(std::vector<std::string> arguments, const std::string& portFile, const std::string& output,
+                std::vector<std::string> variables = {}) {
         std::filesystem::remove(portFile);
-        std::vector<char*> argv;
-        for (std::string& argument : arguments)
-            argv.push_back(argument.data());
-        argv.push_back(nullptr);
+        const auto pointers = [](std::vector<std::string>& texts) {
+            std::vector<char*> list;
+            for (std::string& text : texts)
+                list.push_back(text.data());
+            list.push_back(nullptr);
+            return list;
+        };
+        for (char** variable = environ; *variable; ++variable)
+            variables.emplace_back(*variable);
+        const auto argv = pointers(arguments);
         posix_spawn_file_actions_t actions;
         posix_spawn_file_actions_init(&actions);
         posix_spawn_file_actions_addopen(&actions, 1, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        if (posix_spawnp(&m_pid, argv.front(), &actions, nullptr, argv.data(), environ) != 0)
+        if (posix_spawnp(&m_pid, argv.front(), &actions, nullptr, argv.data(), pointers(variables).data()) != 0)
             throw std::runtime_error("cannot start " + arguments.front());
         posix_spawn_file_actions_destroy(&actions);
         for (int i = 0; i < 2000 && !(std::ifstream(portFile) >> m_port); ++i)
@@ -72,17 +80,19 @@ private:
     std::uint16_t m_port = 0;
 };
 
-/// The real program serving; `more` are further arguments.
+/// The real program serving; `more` are further arguments, `name` tells several in one folder apart.
 class Served : public PortProcess {
 public:
-    Served(const TempFolder& folder, const std::string& database, const std::vector<std::string>& more = {})
-        : PortProcess(argumentsOf(folder, database, more), folder.file("port"), folder.file("out")) {}
+    Served(const TempFolder& folder, const std::string& database, const std::vector<std::string>& more = {},
+           const std::string& name = "", const std::vector<std::string>& variables = {})
+        : PortProcess(argumentsOf(folder.file("port" + name), database, more), folder.file("port" + name),
+                      folder.file("out" + name), variables) {}
 
 private:
-    static std::vector<std::string> argumentsOf(const TempFolder& folder, const std::string& database,
+    static std::vector<std::string> argumentsOf(const std::string& portFile, const std::string& database,
                                                 const std::vector<std::string>& more) {
         std::vector<std::string> arguments{Program,    "serve",       "--database",  database,
-                                           "--listen", "127.0.0.1:0", "--port-file", folder.file("port")};
+                                           "--listen", "127.0.0.1:0", "--port-file", portFile};
         arguments.insert(arguments.end(), more.begin(), more.end());
         return arguments;
     }

@@ -12,26 +12,47 @@ inline const std::string TaskPath = "/rs/disclosure/task/";
 inline constexpr auto PagePath = "/rs/disclosure/task/page_disclosure_task_by_deptid_and_catalogid?deptId=demo-dept-1&";
 inline constexpr std::int64_t ADay = 24LL * 60 * 60 * 1000;
 
-/// The body of a save into the demonstration's department; `more` are further members, with a comma before them.
-inline std::string taskBody(const std::string& id, const std::string& name, const std::string& more = {},
+/// The body of a save into the demonstration's department; `more` are further members.
+inline std::string taskBody(const std::string& id, const std::string& name, const Members& more = {},
                             const std::string& catalog = "demo-catalog-4") {
-    return R"({"id":")" + id + R"(","deptId":"demo-dept-1","disclosureCatalogId":")" + catalog + R"(","name":")" +
-           name + "\"" + more + "}";
+    return object({{"id", id}, {"deptId", FirstDept}, {"disclosureCatalogId", catalog}, {"name", name}}, more);
+}
+/// The same with these members as text, a comma before each.
+inline std::string taskBody(const std::string& id, const std::string& name, const std::string& more,
+                            const std::string& catalog = "demo-catalog-4") {
+    std::string body = taskBody(id, name, Members(), catalog);
+    return body.insert(body.size() - 1, more);
+}
+
+/// Receivers, each with an id of their own.
+inline Json people(const std::vector<std::pair<std::string, std::string>>& receivers) {
+    std::vector<Json> values;
+    for (const auto& [id, username] : receivers)
+        values.push_back(object({{"id", id}, {"userName", username}}));
+    return list(values);
 }
 
 /// A published task: chenwei discloses to liuyang and sunli.
-inline std::string publishedBody(const std::string& id, const std::string& more = {}) {
-    return taskBody(id, "交底" + id,
-                    R"(,"isPublish":1,"disclosureUserName":"chenwei","disclosureTaskReceiveUserList":[{"id":"r1",)"
-                    R"("userName":"liuyang"},{"id":"r2","userName":"sunli"}])" +
-                        more);
+inline std::string publishedBody(const std::string& id, const Members& more = {}) {
+    return object({{"id", id},
+                   {"deptId", FirstDept},
+                   {"disclosureCatalogId", "demo-catalog-4"},
+                   {"name", "交底" + id},
+                   {"isPublish", 1},
+                   {"disclosureUserName", "chenwei"},
+                   {"disclosureTaskReceiveUserList", people({{"r1", "liuyang"}, {"r2", "sunli"}})}},
+                  more);
+}
+inline std::string publishedBody(const std::string& id, const std::string& more) {
+    std::string body = publishedBody(id);
+    return body.insert(body.size() - 1, more);
 }
 
 /// A task's link to an uploaded file.
-inline std::string docJson(const std::string& id, const std::string& name, const std::string& uuid,
-                           const std::string& md5, std::int64_t size) {
-    return R"({"id":")" + id + R"(","ppid":1001,"name":")" + name + R"(","uuid":")" + uuid + R"(","md5":")" + md5 +
-           R"(","size":)" + std::to_string(size) + R"(,"sourceType":1})";
+inline Json docJson(const std::string& id, const std::string& name, const std::string& uuid, const std::string& md5,
+                    std::int64_t size) {
+    return object(
+        {{"id", id}, {"ppid", 1001}, {"name", name}, {"uuid", uuid}, {"md5", md5}, {"size", size}, {"sourceType", 1}});
 }
 
 /// One service with the demonstration's people, and what the tests of the tasks ask of it.
@@ -40,6 +61,9 @@ protected:
     Answer save(const std::string& body) { return demo.post(TaskPath + "save", body); }
     Answer update(const std::string& id, const std::string& more) {
         return demo.post(TaskPath + "update", R"({"id":")" + id + "\"" + more + "}");
+    }
+    Answer update(const std::string& id, const Members& more) {
+        return demo.post(TaskPath + "update", object({{"id", id}}, more));
     }
     Answer by(const std::string& username, const std::string& operation, const std::string& taskId,
               const std::string& more = {}) {

@@ -132,7 +132,7 @@ Answer Client::raw(const std::string& bytes, bool end) {
 }
 
 Answer Client::login(const std::string& username, const std::string& password) {
-    Answer answer = post("/rs/auth/login", R"({"username":")" + username + R"(","password":")" + password + R"("})");
+    Answer answer = post("/rs/auth/login", object({{"username", username}, {"password", password}}));
     if (!answer.cookie.empty())
         m_cookie = answer.cookie;
     return answer;
@@ -218,10 +218,33 @@ std::string md5Of(const std::string& content) {
     return sodium_bin2hex(text.data(), text.size(), bytes.data(), count);
 }
 
+namespace {
+
+std::string joined(const std::vector<std::string>& parts, char open, char close) {
+    std::string text(1, open);
+    for (const std::string& part : parts)
+        text += (text.size() > 1 ? "," : "") + part;
+    return text + close;
+}
+
+}  // namespace
+
+Json object(const Members& members, const Members& more) {
+    std::vector<std::string> parts;
+    for (const Members* some : {&members, &more}) {
+        for (const auto& [key, value] : *some)
+            parts.push_back('"' + key + "\":" + std::string(value));
+    }
+    return Json::written(joined(parts, '{', '}'));
+}
+
+Json list(const std::vector<Json>& values) {
+    return Json::written(joined({values.begin(), values.end()}, '[', ']'));
+}
+
 std::string saveBody(const std::string& deptId, const std::string& id, const std::string& name,
                      const std::string& parentId) {
-    return R"({"id":")" + id + R"(","deptId":")" + deptId + R"(","name":")" + name + R"(","parentId":")" + parentId +
-           R"("})";
+    return object({{"id", id}, {"deptId", deptId}, {"name", name}, {"parentId", parentId}});
 }
 
 }  // namespace disclosure::testing

@@ -4,12 +4,15 @@
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/ip/tcp.hpp>
 #include <boost/beast/core/flat_buffer.hpp>
+#include <concepts>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <rapidjson/document.h>
 #include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 #include "service/http/Dispatcher.h"
 #include "service/http/Server.h"
@@ -143,7 +146,35 @@ inline constexpr auto Top = "demo-catalog-1";
 /// In hexadecimal.
 std::string md5Of(const std::string& content);
 
-/// The body of a save; the texts go in as they are.
+/// A value of a JSON body; texts go in as they are, so that a test chooses how they are escaped.
+class Json {
+public:
+    Json(const char* text) : Json(std::string(text)) {}
+    Json(const std::string& text) : m_text('"' + text + '"') {}
+    Json(std::integral auto number) : m_text(std::to_string(number)) {}
+    Json(bool value) : m_text(value ? "true" : "false") {}
+    /// What is JSON already.
+    static Json written(std::string json) {
+        Json value("");
+        value.m_text = std::move(json);
+        return value;
+    }
+    operator const std::string&() const { return m_text; }
+    friend std::string operator+(const std::string& before, const Json& value) { return before + value.m_text; }
+
+private:
+    std::string m_text;
+};
+
+using Members = std::vector<std::pair<std::string, Json>>;
+
+/// {"key":value,...} in this order, then `more`.
+Json object(const Members& members, const Members& more = {});
+
+/// [value,...]
+Json list(const std::vector<Json>& values);
+
+/// The body of a save.
 std::string saveBody(const std::string& deptId, const std::string& id, const std::string& name,
                      const std::string& parentId);
 
