@@ -156,6 +156,7 @@ TEST_F(GoldenRecords, OfAPublishedTaskAreTakenAndAnsweredInTheirShape) {
     give("zhang.san", "POST", TaskPath + "urge_by_disclosure_user", "DisclosureTaskUrgeRequest");
     give("zhang.san", "POST", TaskPath + "confirm_by_disclosure_user", "DisclosureTaskConfirmByDisclosureUserRequest");
     expectKept("DisclosureTaskConfirmByDisclosureUserRequest", task()["result"], {"taskId"});
+    expectKept("DisclosureTaskSaveRequest", task()["result"], {});  // the actual date too, which it names itself
 
     // What the platform's models are called is not kept here.
     auto shape = shapeOf(golden("DisclosureTaskResponse"));
@@ -188,6 +189,9 @@ TEST_F(GoldenRecords, OfLogAndReminderSettingsAreTakenAndKept) {
                                     [](const rapidjson::Value& entry) { return entry["opType"].GetInt() == 103; });
     ASSERT_NE(noted, entries.end());
     expectKept("DisclosureTaskOperationLogSaveRequest", *noted, {"opType"});
+    const Json other =
+        object({{"id", "log-1"}, {"disclosureTaskId", "t-1"}, {"opType", 104}, {"refSourceId", "doc-1"}});
+    EXPECT_EQ(service.loggedIn("zhao.liu").post(TaskPath + "save_operation_log", other).code(), 409) << "taken";
 
     const auto config = [&] { return send("zhao.liu", "GET", TaskPath + "query_push_config?deptId=dept-1"); };
     give("zhao.liu", "POST", TaskPath + "save_push_config", "DisclosureTaskPushConfigSaveRequest");
