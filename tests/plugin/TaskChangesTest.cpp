@@ -43,7 +43,7 @@ TEST_F(TaskChangesTest, ASavedTaskSendsWhatTheRecordHolds) {
     TaskRecord task = loaded();
     task.name = L"地下室底板\\施工\"交底\"";
     task.remark = L"第一行\n第二行";
-    task.expiryDateMills = 9007199254740993;
+    task.expiryDateMills = 253402300799999;
     task.isPublish = 7;
     task.disclosureTaskNodeList[0].ppid = task.disclosureTaskDocList[0].ppid = 42;
     task.disclosureTaskDocList[0].sourceType = 0;

@@ -197,5 +197,26 @@ TEST(PermissionsAbove, MembersOfTheOrganisationReachWhatIsBelow) {
     EXPECT_EQ(service.loggedIn("demo").get("/rs/platform/departments?deptId=demo-org").code(), 404);
 }
 
+TEST(PermissionsInTwo, ToDeleteTasksOfBothTheRightIsNeededInBoth) {
+    TestService service;
+    const auto store = service.database().connect();
+    store->putMember(SecondDept, "demo");
+    Client client = service.loggedIn("demo");
+    client.post(SavePath, saveBody(FirstDept, "own", "自", Top));
+    service.loggedIn("second").post(SavePath, saveBody(SecondDept, "theirs", "全部", ""));
+    for (const char* id : {"a", "c"})
+        service.addTask(FirstDept, "own", id);
+    service.addTask(SecondDept, "theirs", "b");
+    const auto remove = [&](const Json& ids) {
+        return client.del(TaskPath + "batchdelete", object({{"ids", ids}})).code();
+    };
+    // Whichever is looked at first.
+    EXPECT_EQ(remove(list({"a", "b"})), 403);
+    EXPECT_EQ(remove(list({"b", "c"})), 403);
+    EXPECT_EQ(service.number("SELECT COUNT(*) FROM task WHERE task_id IN ('a', 'b', 'c')"), 3);
+    store->putRights(SecondDept, "demo", {Right::DeleteTasks});
+    EXPECT_EQ(remove(list({"a", "b", "c"})), 200);
+}
+
 }  // namespace
 }  // namespace disclosure::testing
