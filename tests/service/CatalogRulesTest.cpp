@@ -138,7 +138,9 @@ TEST_F(CatalogRules, DeleteTakesTheSubtreeAndItsTasksOrNothing) {
 
     EXPECT_EQ(remove("demo-catalog-3", 0).code(), 409);
     EXPECT_EQ(demo.del(DeletePath, R"({"id":"demo-catalog-3"})").code(), 409) << "the flag is off when absent";
+    EXPECT_EQ(service.loggedIn("editor").del(DeletePath, R"({"id":"demo-catalog-3","isContainsTask":1})").code(), 403);
     EXPECT_EQ(list().size(), 29U);
+    EXPECT_EQ(service.number("SELECT COUNT(*) FROM task_log"), 0);
     EXPECT_EQ(remove("demo-catalog-3", 1).code(), 200);
     EXPECT_EQ(list().size(), 25U);
     EXPECT_EQ(service.number("SELECT COUNT(*) FROM task"), 1);
