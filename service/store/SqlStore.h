@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <soci/soci.h>
@@ -15,8 +16,10 @@ namespace disclosure {
 class SqlStore final : public IStore {
 public:
     /// `beginWrite` is the statement that begins a writing transaction. `writers` lets the writers of this process
-    /// queue in order instead of polling the database's lock; it must outlive the store.
-    SqlStore(std::unique_ptr<soci::session> sql, std::string beginWrite, std::mutex& writers);
+    /// queue in order instead of polling the database's lock; it must outlive the store. `afterCommit` follows a
+    /// writing transaction, when the next may begin.
+    SqlStore(std::unique_ptr<soci::session> sql, std::string beginWrite, std::mutex& writers,
+             std::function<void()> afterCommit);
     ~SqlStore() override;
 
     void begin(Access access) override;
@@ -174,6 +177,7 @@ private:
     std::unique_ptr<soci::session> m_sql;
     Statements m_statements;
     std::string m_beginWrite;
+    std::function<void()> m_afterCommit;
     std::unique_lock<std::mutex> m_writing;
 };
 

@@ -78,9 +78,7 @@ std::unique_ptr<soci::session> open(const std::string& path) {
     *sql << "PRAGMA temp_store = MEMORY";
     // SOCI declares SQLite within a namespace of its own.
     auto* backend = static_cast<soci::sqlite3_session_backend*>(sql->get_backend());
-    auto* connection = reinterpret_cast<::sqlite3*>(backend->conn_);
-    installNameGrams(connection);
-    keepLogSmall(connection, LargestLog);
+    installNameGrams(reinterpret_cast<::sqlite3*>(backend->conn_));
     return sql;
 }
 
@@ -112,7 +110,9 @@ std::unique_ptr<IStore> SqliteDatabase::connect() {
     auto sql = open(m_path);
     if (m_path == ":memory:")
         migrateSqlite(*sql, -1);
-    return std::make_unique<SqlStore>(std::move(sql), BeginWrite, m_writers);
+    auto* backend = static_cast<soci::sqlite3_session_backend*>(sql->get_backend());
+    const auto log = std::make_shared<WriteAheadLog>(reinterpret_cast<::sqlite3*>(backend->conn_), LargestLog);
+    return std::make_unique<SqlStore>(std::move(sql), BeginWrite, m_writers, [log] { log->carryOver(); });
 }
 
 int SqliteDatabase::migrate(int version) {
