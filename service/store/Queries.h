@@ -16,11 +16,12 @@ namespace disclosure::queries {
 #define DISCLOSURE_REACH                                                                       \
     "WITH RECURSIVE reach(dept_id) AS (SELECT dept_id FROM member WHERE username = :username " \
     "UNION SELECT d.dept_id FROM reach r CROSS JOIN department d WHERE d.parent_id = r.dept_id) "
-#define DISCLOSURE_SEES(row)                                                                                       \
-    "EXISTS (WITH RECURSIVE up(dept_id) AS (SELECT " row                                                           \
-    ".dept_id UNION SELECT d.parent_id FROM up CROSS JOIN "                                                        \
-    "department d WHERE d.dept_id = up.dept_id AND d.parent_id IS NOT NULL) SELECT 1 FROM up CROSS JOIN member m " \
-    "WHERE m.dept_id = up.dept_id AND m.username = :username)"
+#define DISCLOSURE_SEES(row)                                                                                   \
+    "EXISTS (WITH RECURSIVE up(dept_id, parent_id) AS (SELECT d.dept_id, d.parent_id FROM department d WHERE " \
+    "d.dept_id = " row                                                                                         \
+    ".dept_id UNION SELECT d.dept_id, d.parent_id FROM up CROSS JOIN department d "                            \
+    "WHERE d.dept_id = up.parent_id) SELECT 1 FROM up CROSS JOIN member m WHERE m.dept_id = up.dept_id "       \
+    "AND m.username = :username)"
 /// The published task is shown to the person, to receive it.
 #define DISCLOSURE_RECEIVES \
     "EXISTS (SELECT 1 FROM task_receiver r WHERE r.username = :username AND r.shown = 1 AND r.task_rid = t.rid)"
@@ -110,7 +111,8 @@ inline constexpr auto TasksOfPerson =
 /// department itself, and that is told without going up and down the tree.
 inline constexpr auto Strangers =
     "SELECT j.value FROM json_each(:people) j WHERE NOT EXISTS (SELECT 1 FROM person p CROSS JOIN member m "
-    "WHERE p.username = j.value AND p.active = 1 AND m.dept_id = :dept AND m.username = j.value) AND NOT EXISTS (WITH RECURSIVE up(dept_id, parent_id, side) AS (SELECT d.dept_id, "
+    "WHERE p.username = j.value AND p.active = 1 AND m.dept_id = :dept AND m.username = j.value) AND NOT EXISTS (WITH "
+    "RECURSIVE up(dept_id, parent_id, side) AS (SELECT d.dept_id, "
     "d.parent_id, 0 FROM department d WHERE d.dept_id = :dept UNION SELECT d.dept_id, d.parent_id, 1 FROM person p "
     "CROSS JOIN member m CROSS JOIN department d WHERE p.username = j.value AND p.active = 1 AND m.username = "
     "p.username AND d.dept_id = m.dept_id UNION SELECT d.dept_id, d.parent_id, "

@@ -163,8 +163,9 @@ TEST_F(StoreTest, EveryQueryFindsItsRowsByAKey) {
     sql << numbers +
                "INSERT INTO catalog (dept_id, catalog_id, parent_id, name, sort, depth) "
                "SELECT 'demo-dept-1', 'n' || i, 'demo-catalog-1', 'n' || i, 100 + i, 2 FROM n";
-    sql << numbers + "INSERT INTO removal (dept_id, log_id, username, removed_at, tasks) SELECT 'd' || i, 'l', '', 0, 1 "
-                     "FROM n";
+    sql << numbers +
+               "INSERT INTO removal (dept_id, log_id, username, removed_at, tasks) SELECT 'd' || i, 'l', '', 0, 1 "
+               "FROM n";
     sql << "INSERT INTO task (dept_id, task_id, catalog_id, name, search_name, discloser) "
            "SELECT dept_id, catalog_id, catalog_id, name, name, name FROM catalog";
     sql << "INSERT INTO task_receiver SELECT dept_id, rid, 0, task_id, task_id, 0, 1 FROM task";

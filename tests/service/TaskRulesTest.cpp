@@ -314,9 +314,10 @@ TEST_F(TaskRules, EveryChangeIsInTheLog) {
     EXPECT_EQ(kinds, (std::vector<int>{1, 2, 4, 3, 8, 6, 7, 101}));
     EXPECT_STREQ(json["result"][5]["userRealname"].GetString(), "孙丽");
 
-    service.run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 9998) INSERT INTO task_log "
-                "(dept_id, task_id, log_id, username, op_time, kind) SELECT 'demo-dept-1', 't', 'n' || i, "
-                "CASE i % 2 WHEN 0 THEN 'demo' ELSE 'sunli' END, 0, 100 FROM n");
+    service.run(
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 9998) INSERT INTO task_log "
+        "(dept_id, task_id, log_id, username, op_time, kind) SELECT 'demo-dept-1', 't', 'n' || i, "
+        "CASE i % 2 WHEN 0 THEN 'demo' ELSE 'sunli' END, 0, 100 FROM n");
     struct Row {
         const char* query;
         std::size_t size;
@@ -335,7 +336,8 @@ TEST_F(TaskRules, EveryChangeIsInTheLog) {
     for (const char* query : {"?page=0", "?kind=-1", "?page=x"})
         EXPECT_EQ(demo.get(TaskPath + "list_operation_log_by_taskid/t" + query).status, 400) << query;
     const auto note = [&](const std::string& id) {
-        return demo.post(TaskPath + "save_operation_log", R"({"id":")" + id + R"(","disclosureTaskId":"t","opType":101})");
+        return demo.post(TaskPath + "save_operation_log",
+                         R"({"id":")" + id + R"(","disclosureTaskId":"t","opType":101})");
     };
     EXPECT_EQ(note("last").code(), 200);
     EXPECT_EQ(note("more").msg(), "该任务的操作记录已达上限");
@@ -344,8 +346,9 @@ TEST_F(TaskRules, EveryChangeIsInTheLog) {
 
 TEST_F(TaskRules, AConfirmationAmongManyWritesOneReceiver) {
     ASSERT_EQ(save(publishedBody("t")).code(), 200);
-    service.run("WITH RECURSIVE n(i) AS (SELECT 2 UNION ALL SELECT i + 1 FROM n WHERE i < 499) INSERT INTO task_receiver "
-                "SELECT 'demo-dept-1', (SELECT rid FROM task), i, 'r' || i, 'p' || i, 0, 1 FROM n");
+    service.run(
+        "WITH RECURSIVE n(i) AS (SELECT 2 UNION ALL SELECT i + 1 FROM n WHERE i < 499) INSERT INTO task_receiver "
+        "SELECT 'demo-dept-1', (SELECT rid FROM task), i, 'r' || i, 'p' || i, 0, 1 FROM n");
     service.run("CREATE TABLE written (row INTEGER)");
     for (const char* change : {"INSERT", "UPDATE", "DELETE"})
         service.run(std::string("CREATE TRIGGER written_") + change + " AFTER " + change +
