@@ -10,6 +10,7 @@
 #include "service/commands/Commands.h"
 #include "service/commands/Open.h"
 #include "service/commands/Repeating.h"
+#include "service/domain/Catalogs.h"
 #include "service/domain/Reminders.h"
 #include "service/files/Sweep.h"
 #include "service/http/Service.h"
@@ -100,6 +101,9 @@ int serve(const Settings& settings) {
         if (turn++ % SortEvery == 0)
             sortFolder(*store, files, keep, Days(settings.asideDays), goOn);
     });
+    const auto clearingStore = database->connect();
+    const Repeating clearing("removed catalogs", std::chrono::seconds(1),
+                             [&](const GoOn& goOn) { clearRemoved(*clearingStore, goOn); });
     if (reminding)
         reminding->start();
     server.run(true);

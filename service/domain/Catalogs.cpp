@@ -1,16 +1,18 @@
 #include "service/domain/Catalogs.h"
 
 #include <algorithm>
-#include <boost/uuid/random_generator.hpp>
-#include <boost/uuid/uuid_io.hpp>
 
+#include "service/domain/NewId.h"
 #include "service/domain/Refusal.h"
+#include "service/ports/Changing.h"
 #include "service/text/Text.h"
 
 namespace disclosure {
 
 namespace {
 
+/// So that no transaction is long: tasks, or catalogs.
+constexpr std::int64_t ClearedAtOnce = 200;
 constexpr std::size_t LongestName = 128;  // UTF-16 units, as the clients count
 
 /// A name as it is stored: without the blanks around it. Throws `Refusal` when it may not be one.
@@ -34,13 +36,15 @@ void Catalogs::save(const std::string& deptId, std::string id, const std::string
     added.name = checkedName(name);
 
     if (id.empty()) {
-        id = boost::uuids::to_string(boost::uuids::random_generator()());
+        id = newId();
     } else if (!isId(id)) {
         throw Refusal(reasons::BadId);
     } else if (const auto known = m_store.catalog(deptId, id)) {
         if (known->parentId == added.parentId && known->name == added.name)
             return;
         throw Refusal(reasons::IdTaken);
+    } else if (m_store.isGoing(deptId, id)) {
+        throw Refusal(reasons::IdGoing);
     }
     added.id = id;
 
@@ -82,14 +86,29 @@ void Catalogs::move(const Catalog& catalog, ICatalogStore::Side side) {
     m_store.placeCatalog(other->deptId, other->id, catalog.sort);
 }
 
-void Catalogs::remove(const Catalog& catalog, bool withTasks, bool mayDeleteTasks) {
+void Catalogs::remove(const Catalog& catalog, bool withTasks, bool mayDeleteTasks, const std::string& username,
+                      std::int64_t now) {
     if (m_store.subtreeHoldsTasks(catalog.deptId, catalog.id)) {
         if (!withTasks)
             throw Refusal(reasons::HoldsTasks);
         if (!mayDeleteTasks)
             throw Refusal(reasons::NoRightDelete);
     }
-    m_store.removeCatalog(catalog.deptId, catalog.id);
+    LogEntry entry;
+    entry.id = newId();
+    entry.deptId = catalog.deptId;
+    entry.username = username;
+    entry.time = now;
+    entry.kind = LogEntry::Deleted;
+    m_store.removeCatalog(catalog, entry);
+}
+
+void clearRemoved(IStore& store, const GoOn& goOn) {
+    while (store.isAnyGoing()) {
+        changing(store, [&] { store.clearRemoved(ClearedAtOnce); });
+        if (!goOn())
+            return;
+    }
 }
 
 }  // namespace disclosure

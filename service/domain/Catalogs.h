@@ -2,7 +2,9 @@
 
 #include <string>
 
+#include "service/ports/GoOn.h"
 #include "service/ports/ICatalogStore.h"
+#include "service/ports/IStore.h"
 #include "service/ports/Records.h"
 
 namespace disclosure {
@@ -21,11 +23,16 @@ public:
     void save(const std::string& deptId, std::string id, const std::string& name, const std::string& parentId);
     void rename(const Catalog& catalog, const std::string& name);
     void move(const Catalog& catalog, ICatalogStore::Side side);
-    /// Removes the subtree, and its tasks where `withTasks` says so and the person `mayDeleteTasks`.
-    void remove(const Catalog& catalog, bool withTasks, bool mayDeleteTasks);
+    /// Removes the subtree, and its tasks where `withTasks` says so and the person `mayDeleteTasks`. The log of the
+    /// tasks says that `username` did it.
+    void remove(const Catalog& catalog, bool withTasks, bool mayDeleteTasks, const std::string& username,
+                std::int64_t now);
 
 private:
     ICatalogStore& m_store;
 };
+
+/// Clears away what went with removed catalogs, in short transactions of its own.
+void clearRemoved(IStore& store, const GoOn& goOn);
 
 }  // namespace disclosure

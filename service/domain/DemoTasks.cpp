@@ -3,6 +3,7 @@
 #include <array>
 #include <set>
 
+#include "service/domain/Confirmations.h"
 #include "service/domain/Demo.h"
 #include "service/domain/Files.h"
 #include "service/domain/Tasks.h"
@@ -92,12 +93,12 @@ void seedDemoTasks(IStore& store, std::int64_t now, const KeepContent& keep) {
                 Tasks(store, People[0], filed).save(DemoDept, id, content);
                 const TaskKey key{store.task(DemoDept, id)->rid, DemoDept, id};
                 if (progress == Begun || progress == Done)
-                    Tasks(store, content.receivers[0].username, filed).confirmAsReceiver(key);
+                    Confirmations(store, content.receivers[0].username, filed).confirmAsReceiver(key);
                 if (progress != Done)
                     continue;
                 for (std::size_t r = 1; r < content.receivers.size(); ++r)
-                    Tasks(store, content.receivers[r].username, filed).confirmAsReceiver(key);
-                Tasks(store, content.discloser, filed).confirmAsDiscloser(key, "已按方案交底。", {});
+                    Confirmations(store, content.receivers[r].username, filed).confirmAsReceiver(key);
+                Confirmations(store, content.discloser, filed).confirmAsDiscloser(key, "已按方案交底。", {});
             }
     });
 }

@@ -51,6 +51,7 @@ inline constexpr Reason AlreadyDisclosed{409, "任务已交底，无需催办"};
 inline constexpr Reason UrgedLately{409, "催办过于频繁，请10分钟后再试"};
 inline constexpr Reason PushConfigExists{409, "部门的提醒设置已存在，请刷新后重试"};
 inline constexpr Reason LogIdTaken{409, "操作记录编号已被使用"};
+inline constexpr Reason TooManyEntries{409, "该任务的操作记录已达上限"};
 
 inline constexpr Reason TaskNameEmpty{422, "任务名称不能为空"};
 inline constexpr Reason TaskNameTooLong{422, "任务名称不能超过128个字符"};
@@ -90,6 +91,7 @@ inline constexpr Reason DocNotStored{422, "资料尚未上传或已失效，请�
 inline constexpr Reason NameTaken{409, "同一目录下已有同名目录"};
 inline constexpr Reason TopExists{409, "顶级目录已存在"};
 inline constexpr Reason IdTaken{409, "目录编号已被使用"};
+inline constexpr Reason IdGoing{409, "同编号的目录正在删除，请稍后重试"};
 inline constexpr Reason IdAmbiguous{409, "目录编号在多个部门中重复"};
 inline constexpr Reason HoldsTasks{409, "目录下有交底任务，不能删除"};
 inline constexpr Reason AlreadyFirst{409, "目录已在最前，不能上移"};

@@ -46,7 +46,7 @@ std::set<std::string> awaitedBy(const Task& task) {
 bool mayOpen(IStore& store, const Task& task, const std::string& username, bool isMember) {
     if (isMember)
         return true;
-    return (task.published || username == task.discloser) && store.isOfOrganisation(username, task.deptId);
+    return (task.published || username == task.discloser) && store.strangers({username}, task.deptId).empty();
 }
 
 std::string textOf(const Task& task, ReminderKind kind, const LocalDays& days) {
@@ -237,9 +237,13 @@ std::optional<Reminders::Window> Reminders::windowOf(IStore& store, const std::s
         fresh.place.time = m_days.startOf(today);
     window.until = advance ? m_days.startOf(today + window.config.daysAdvance + 1) - 1 : window.now;
     const auto known = store.reminderRun(deptId, kind);
-    // A place later than now was reached before the clock went back.
-    window.isBegun = known && known->day == today && (advance || known->place.time <= window.now);
+    // What is overdue stays so: once is enough to have gone through it, whatever the day.
+    const bool onAnyDay = !advance && frequencyOf(window.config, kind) != Daily;
+    // A place later than now, or of a later day, was reached before the clock went back.
+    window.isBegun = known && (known->day == today || (onAnyDay && known->day < today)) &&
+                     (advance || known->place.time <= window.now);
     window.run = window.isBegun ? *known : fresh;
+    window.run.day = today;
     return window;
 }
 
@@ -263,9 +267,14 @@ std::int64_t Reminders::takeNext(IStore& store, const std::string& deptId, Remin
             rids.push_back(place.rid);
         Batch batch(*this, store, window->now, bad);
         const auto tasks = store.tasksOf(deptId, rids);
-        for (std::size_t i = 0; i < tasks.size() && batch.made() < RemindersAtOnce; ++i) {
-            batch.remind(tasks[i], kind, window->config);
-            window->run.place = places[i];
+        auto task = tasks.begin();
+        for (const ReminderPlace& place : places) {
+            if (batch.made() >= RemindersAtOnce)
+                break;
+            // Those that have gone with their catalog still have a place.
+            if (task != tasks.end() && task->rid == place.rid)
+                batch.remind(*task++, kind, window->config);
+            window->run.place = place;
         }
         store.putReminderRun(window->run);
         return batch.made();

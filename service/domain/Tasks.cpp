@@ -1,10 +1,10 @@
 #include "service/domain/Tasks.h"
 
 #include <algorithm>
-#include <boost/uuid/random_generator.hpp>
-#include <boost/uuid/uuid_io.hpp>
+#include <map>
 #include <set>
 
+#include "service/domain/NewId.h"
 #include "service/domain/Refusal.h"
 #include "service/domain/TaskChecks.h"
 #include "service/text/Text.h"
@@ -12,18 +12,6 @@
 namespace disclosure {
 
 namespace {
-
-std::string newId() {
-    return boost::uuids::to_string(boost::uuids::random_generator()());
-}
-
-template <class Element>
-void giveIds(std::vector<Element>& list) {
-    for (Element& element : list) {
-        if (element.id.empty())
-            element.id = newId();
-    }
-}
 
 /// A replaced receiver keeps the confirmation, unless it becomes somebody else.
 void replace(TaskReceiver& old, const TaskReceiver& element) {
@@ -106,22 +94,23 @@ void Tasks::save(const std::string& deptId, std::string id, TaskContent content)
     giveIds(task.viewports);
     giveIds(task.nodes);
     giveIds(task.docs);
-    touch(task);
+    m_log.touch(task);
     if (known) {
-        m_store.putTask(task);
-        note(task, LogEntry::Changed);
+        m_store.putTask(task, *known);
+        m_log.note(task, LogEntry::Changed);
     } else {
         m_store.addTask(task);
-        note(task, LogEntry::Created);
+        m_log.note(task, LogEntry::Created);
     }
     if (task.published)
-        note(task, LogEntry::Published);
+        m_log.note(task, LogEntry::Published);
 }
 
 void Tasks::update(const TaskKey& key, const TaskChange& change, std::optional<std::int64_t> version,
                    const Rights& rights) {
-    Task task = stored(key);
-    const TaskContent before = task;
+    const Task old = storedTask(m_store, key);
+    const TaskContent& before = old;
+    Task task = old;
     TaskContent content = changed(before, change);
     const bool moves = content.catalogId != before.catalogId;
     const bool edits = content != movedTo(before, content.catalogId);
@@ -143,154 +132,22 @@ void Tasks::update(const TaskKey& key, const TaskChange& change, std::optional<s
     checkPeople(task.deptId, content, before);
     checkDocs(task.deptId, content, before);
     static_cast<TaskContent&>(task) = std::move(content);
-    touch(task);
-    m_store.putTask(task);
+    m_log.touch(task);
+    m_store.putTask(task, old);
     if (!onlyMoved && !task.published)
-        note(task, LogEntry::Changed);
+        m_log.note(task, LogEntry::Changed);
     if (!before.published && task.published)
-        note(task, LogEntry::Published);
+        m_log.note(task, LogEntry::Published);
     if (onlyMoved)
-        note(task, LogEntry::Moved);
+        m_log.note(task, LogEntry::Moved);
 }
 
 void Tasks::remove(const std::vector<TaskKey>& keys) {
-    for (const TaskKey& key : keys) {
-        note(stored(key), LogEntry::Deleted);
-        m_store.removeTask(key);
-    }
-}
-
-void Tasks::noteRemovalOf(const std::string& deptId, const std::string& catalogId) {
-    LogEntry entry;
-    entry.id = newId();
-    entry.deptId = deptId;
-    entry.username = m_username;
-    entry.time = m_now;
-    entry.kind = LogEntry::Deleted;
-    m_store.addLogForSubtree(entry, catalogId);
-}
-
-/// Whoever sees the task may read its files, so people hand on only what they have uploaded themselves, or what it has
-/// already.
-void Tasks::checkFiles(const Task& task, const std::vector<TaskAttachment>& attachments) {
-    const auto check = [&](const std::string& uuid, const std::string& md5, std::int32_t size) {
-        if (std::any_of(task.docs.begin(), task.docs.end(),
-                        [&](const TaskDoc& doc) { return doc.uuid == uuid && doc.md5 == md5 && doc.size == size; }))
-            return;
-        const auto file = m_store.file({task.deptId, uuid});
-        if (!file || file->username != m_username || file->md5 != md5 || file->size != size)
-            throw Refusal(reasons::DocNotStored);
-    };
-    for (const TaskAttachment& attachment : attachments) {
-        check(attachment.uuid, attachment.md5, attachment.size);
-        if (!attachment.thumbnailUuid.empty())
-            check(attachment.thumbnailUuid, attachment.thumbnailMd5, attachment.thumbnailSize);
-    }
-}
-
-void Tasks::confirmAsReceiver(const TaskKey& key) {
-    Task task = stored(key);
-    const auto receiver = std::find_if(task.receivers.begin(), task.receivers.end(),
-                                       [this](const TaskReceiver& r) { return r.username == m_username; });
-    if (receiver == task.receivers.end())
-        throw Refusal(reasons::NotReceiver);
-    if (!task.published)
-        throw Refusal(reasons::NotPublished);
-    if (receiver->confirmedAt != 0)
-        return;
-    receiver->confirmedAt = m_now;
-    touch(task);
-    m_store.putTask(task);
-    note(task, LogEntry::ReceiverConfirmed);
-}
-
-void Tasks::confirmAsDiscloser(const TaskKey& key, const std::string& remark, std::vector<TaskAttachment> attachments) {
-    Task task = stored(key);
-    if (task.discloser != m_username)
-        throw Refusal(reasons::NotDiscloser);
-    if (!task.published)
-        throw Refusal(reasons::NotPublished);
-    if (task.confirmedAt != 0)
-        return;
-    checkRemark(remark);
-    checkAttachments(attachments);
-    checkFiles(task, attachments);
-    giveIds(attachments);
-    task.confirmedAt = m_now;
-    task.confirmRemark = remark;
-    task.attachments = std::move(attachments);
-    if (task.actualDisclosure == 0)
-        task.actualDisclosure = m_now;
-    touch(task);
-    m_store.putTask(task);
-    note(task, LogEntry::DiscloserConfirmed);
-}
-
-void Tasks::urge(const TaskKey& key) {
-    Task task = stored(key);
-    if (task.discloser != m_username)
-        throw Refusal(reasons::NotDiscloser);
-    if (!task.published)
-        throw Refusal(reasons::NotPublished);
-    if (task.state() == TaskStatus::Disclosed)
-        throw Refusal(reasons::AlreadyDisclosed);
-    if (task.urgedAt != 0 && m_now < task.urgedAt + UrgeEvery)
-        throw Refusal(reasons::UrgedLately);
-    task.urgedAt = m_now;
-    m_store.putTask(task);
-    note(task, LogEntry::Urged);
-}
-
-void Tasks::addLog(const TaskKey& key, LogEntry entry) {
-    if (entry.kind < LogEntry::ClientKinds)
-        throw Refusal(reasons::BadLogKind);
-    for (const std::string* text : {&entry.sourceId, &entry.sourceUuid, &entry.sourceMd5, &entry.sourceExtension})
-        checkField(*text, LongestKey);
-    checkField(entry.sourceName, LongestFileName);
-    entry.deptId = key.deptId;
-    entry.taskId = key.id;
-    entry.username = m_username;
-    entry.time = m_now;
-    if (entry.id.empty()) {
-        entry.id = newId();
-    } else if (!isId(entry.id)) {
-        throw Refusal(reasons::BadElementId);
-    } else {
-        for (const LogEntry& known : m_store.logOf(key.deptId, key.id)) {
-            if (known.id != entry.id)
-                continue;
-            if (known.username == m_username && known.kind == entry.kind && known.sourceId == entry.sourceId)
-                return;
-            throw Refusal(reasons::LogIdTaken);
-        }
-    }
-    m_store.addLog(entry);
-}
-
-void Tasks::savePushConfig(PushConfig config) {
-    if (config.id.empty())
-        config.id = newId();
-    else if (!isId(config.id))
-        throw Refusal(reasons::BadElementId);
-    if (const auto known = m_store.pushConfig(config.deptId)) {
-        if (*known == config)
-            return;
-        throw Refusal(reasons::PushConfigExists);
-    }
-    m_store.putPushConfig(config);
-}
-
-void Tasks::updatePushConfig(const PushConfig& stored, PushConfig config) {
-    config.id = stored.id;
-    config.deptId = stored.deptId;
-    m_store.putPushConfig(config);
-}
-
-Task Tasks::stored(const TaskKey& key) {
-    auto task = m_store.task(key.deptId, key.id);
-    if (!task)
-        throw Refusal(reasons::NoTask);
-    return std::move(*task);
+    std::map<std::string, std::vector<TaskKey>> byDept;
+    for (const TaskKey& key : keys)
+        byDept[key.deptId].push_back(key);
+    for (const auto& [deptId, tasks] : byDept)
+        m_store.removeTasks(tasks, m_log.entryOf(deptId, LogEntry::Deleted));
 }
 
 void Tasks::check(const std::string& deptId, TaskContent& content, const TaskContent& before) {
@@ -301,16 +158,23 @@ void Tasks::check(const std::string& deptId, TaskContent& content, const TaskCon
 
 /// Only who is new: people who have left since may stay in a task.
 void Tasks::checkPeople(const std::string& deptId, const TaskContent& content, const TaskContent& before) {
-    if (content.discloser != before.discloser && !content.discloser.empty() &&
-        !m_store.isOfOrganisation(content.discloser, deptId))
-        throw Refusal(reasons::UnknownDiscloser);
+    std::vector<std::string> people;
+    const bool isGiven = content.discloser != before.discloser && !content.discloser.empty();
+    if (isGiven)
+        people.push_back(content.discloser);
     std::set<std::string> known;
     for (const TaskReceiver& receiver : before.receivers)
         known.insert(receiver.username);
     for (const TaskReceiver& receiver : content.receivers) {
-        if (!known.contains(receiver.username) && !m_store.isOfOrganisation(receiver.username, deptId))
-            throw Refusal(reasons::UnknownReceiver, receiver.username);
+        if (!known.contains(receiver.username))
+            people.push_back(receiver.username);
     }
+    const auto strangers = m_store.strangers(people, deptId);
+    if (strangers.empty())
+        return;
+    if (isGiven && strangers.front() == content.discloser)
+        throw Refusal(reasons::UnknownDiscloser);
+    throw Refusal(reasons::UnknownReceiver, strangers.front());
 }
 
 /// Only what is new, like the people: what a task has stays, whatever has become of it. The file cannot be swept away
@@ -328,24 +192,6 @@ void Tasks::checkDocs(const std::string& deptId, const TaskContent& content, con
         if (!file || file->md5 != doc.md5 || file->size != doc.size)
             throw Refusal(reasons::DocNotStored);
     }
-}
-
-/// The time of the last change is the task's version, so it never stands still.
-void Tasks::touch(Task& task) const {
-    task.updatedAt = std::max(m_now, task.updatedAt + 1);
-    task.updatedBy = m_username;
-}
-
-void Tasks::note(const Task& task, LogEntry::Kind kind) {
-    LogEntry entry;
-    entry.id = newId();
-    entry.deptId = task.deptId;
-    entry.taskId = task.id;
-    entry.username = m_username;
-    entry.time = m_now;
-    entry.kind = kind;
-    entry.sourceName = task.name;
-    m_store.addLog(entry);
 }
 
 }  // namespace disclosure

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "service/domain/TaskLog.h"
 #include "service/ports/IStore.h"
 #include "service/ports/Rights.h"
 #include "service/ports/TaskRecords.h"
@@ -35,18 +36,18 @@ struct TaskChange {
     ListChange<TaskDoc> docs;
 };
 
-/// The rules of the tasks. Every operation expects to run within one transaction of its caller, who has made sure that
-/// the person may see the task and holds the right; a broken rule throws `Refusal`. Each change is noted in the log.
+/// The rules of what is written into tasks. Every operation expects to run within one transaction of its caller, who
+/// has made sure that the person may see the task and holds the right; a broken rule throws `Refusal`. Each change is
+/// noted in the log.
 class Tasks {
 public:
     static constexpr std::size_t MostDocs = 10;
     static constexpr std::size_t MostLinks = 10;  // viewports and nodes together
     static constexpr std::size_t MostReceivers = 500;
-    static constexpr std::int64_t UrgeEvery = 10LL * 60 * 1000;
 
     /// `username` is who acts.
-    Tasks(IStore& store, std::string username, std::int64_t now)
-        : m_store(store), m_username(std::move(username)), m_now(now) {}
+    Tasks(IStore& store, const std::string& username, std::int64_t now)
+        : m_store(store), m_username(username), m_log(store, username, now) {}
 
     /// Adds the task; an empty id is given one. Saying the same again changes nothing and is no error.
     void save(const std::string& deptId, std::string id, TaskContent content);
@@ -55,30 +56,15 @@ public:
     void update(const TaskKey& key, const TaskChange& change, std::optional<std::int64_t> version,
                 const Rights& rights);
     void remove(const std::vector<TaskKey>& keys);
-    /// To be called before a catalog goes with its tasks.
-    void noteRemovalOf(const std::string& deptId, const std::string& catalogId);
-
-    void confirmAsReceiver(const TaskKey& key);
-    void confirmAsDiscloser(const TaskKey& key, const std::string& remark, std::vector<TaskAttachment> attachments);
-    void urge(const TaskKey& key);
-
-    /// Notes what a client has done with the task.
-    void addLog(const TaskKey& key, LogEntry entry);
-    void savePushConfig(PushConfig config);
-    void updatePushConfig(const PushConfig& stored, PushConfig config);
 
 private:
-    Task stored(const TaskKey& key);
     void check(const std::string& deptId, TaskContent& content, const TaskContent& before);
     void checkPeople(const std::string& deptId, const TaskContent& content, const TaskContent& before);
-    void checkFiles(const Task& task, const std::vector<TaskAttachment>& attachments);
     void checkDocs(const std::string& deptId, const TaskContent& content, const TaskContent& before);
-    void touch(Task& task) const;
-    void note(const Task& task, LogEntry::Kind kind);
 
     IStore& m_store;
     std::string m_username;
-    std::int64_t m_now;
+    TaskLog m_log;
 };
 
 }  // namespace disclosure

@@ -1,7 +1,6 @@
 #include "service/http/CatalogHandlers.h"
 
 #include "service/domain/Catalogs.h"
-#include "service/domain/Tasks.h"
 
 namespace disclosure {
 
@@ -40,9 +39,9 @@ Response moveCatalog(Call& call) {
 }
 
 Response deleteCatalog(Call& call) {
-    const Catalog& catalog = call.catalog.value();
-    Tasks(*call.store, call.username, call.now).noteRemovalOf(catalog.deptId, catalog.id);
-    Catalogs(*call.store).remove(catalog, numberOf(call.body, "isContainsTask", 0) == 1, call.mayWithTasks);
+    Catalogs(*call.store)
+        .remove(call.catalog.value(), numberOf(call.body, "isContainsTask", 0) == 1, call.mayWithTasks, call.username,
+                call.now);
     return done();
 }
 

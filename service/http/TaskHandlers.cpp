@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <map>
 
+#include "service/domain/Confirmations.h"
+#include "service/domain/PushConfigs.h"
+#include "service/domain/TaskLog.h"
+#include "service/domain/Tasks.h"
 #include "service/http/QueryValues.h"
 #include "service/http/TaskJson.h"
 #include "service/text/Text.h"
@@ -88,6 +92,26 @@ Tasks rulesFor(const Call& call) {
     return {*call.store, call.username, call.now};
 }
 
+Confirmations peopleOf(const Call& call) {
+    return {*call.store, call.username, call.now};
+}
+
+LogFilter logFilterOf(const Call& call) {
+    LogFilter filter;
+    filter.deptId = call.tasks.front().deptId;
+    filter.taskId = call.tasks.front().id;
+    filter.kind = numberIn<std::int32_t>(call, "kind", 0);
+    if (filter.kind < 0)
+        malformed("参数kind无效");
+    filter.username = textIn(call, "person");
+    const auto page = numberIn<std::int32_t>(call, "page", 1);
+    if (page < 1)
+        malformed("参数page必须大于等于1");
+    filter.limit = TaskLog::PageSize;
+    filter.offset = (page - 1) * TaskLog::PageSize;
+    return filter;
+}
+
 }  // namespace
 
 Response pageTasks(Call& call) {
@@ -150,22 +174,22 @@ Response deleteTasks(Call& call) {
 }
 
 Response confirmByReceiver(Call& call) {
-    rulesFor(call).confirmAsReceiver(call.tasks.front());
+    peopleOf(call).confirmAsReceiver(call.tasks.front());
     return done();
 }
 
 Response confirmByDiscloser(Call& call) {
-    rulesFor(call).confirmAsDiscloser(call.tasks.front(), textOf(call.body, "confirmRemark"), attachmentsOf(call.body));
+    peopleOf(call).confirmAsDiscloser(call.tasks.front(), textOf(call.body, "confirmRemark"), attachmentsOf(call.body));
     return done();
 }
 
 Response urge(Call& call) {
-    rulesFor(call).urge(call.tasks.front());
+    peopleOf(call).urge(call.tasks.front());
     return done();
 }
 
 Response taskLog(Call& call) {
-    const auto entries = call.store->logOf(call.tasks.front().deptId, call.tasks.front().id);
+    const auto entries = call.store->logOf(logFilterOf(call));
     return success([&](JsonWriter& writer) {
         writer.StartArray();
         for (const LogEntry& entry : entries)
@@ -178,7 +202,7 @@ Response saveLog(Call& call) {
     const std::string deptId = textOf(call.body, "deptId");
     if (!deptId.empty() && deptId != call.tasks.front().deptId)
         throw Refusal(reasons::NoTask);
-    rulesFor(call).addLog(call.tasks.front(), logEntryOf(call.body));
+    TaskLog(*call.store, call.username, call.now).add(call.tasks.front(), logEntryOf(call.body));
     return done();
 }
 
@@ -218,12 +242,12 @@ Response queryPushConfig(Call& call) {
 }
 
 Response savePushConfig(Call& call) {
-    rulesFor(call).savePushConfig(pushConfigOf(call.body));
+    savePushConfig(*call.store, pushConfigOf(call.body));
     return done();
 }
 
 Response updatePushConfig(Call& call) {
-    rulesFor(call).updatePushConfig(call.pushConfig.value(), pushConfigOf(call.body));
+    updatePushConfig(*call.store, call.pushConfig.value(), pushConfigOf(call.body));
     return done();
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "service/ports/Records.h"
+#include "service/ports/TaskRecords.h"
 
 namespace disclosure {
 
@@ -27,12 +28,19 @@ public:
     /// The place after the last child.
     virtual std::int32_t nextSort(const std::string& deptId, const std::string& parentId) = 0;
     virtual bool subtreeHoldsTasks(const std::string& deptId, const std::string& id) = 0;
+    /// Whether a catalog of this id was removed and something of it is still to be cleared away.
+    virtual bool isGoing(const std::string& deptId, const std::string& id) = 0;
 
     virtual void addCatalog(const Catalog& catalog) = 0;
     virtual void renameCatalog(const std::string& deptId, const std::string& id, const std::string& name) = 0;
     virtual void placeCatalog(const std::string& deptId, const std::string& id, std::int32_t sort) = 0;
-    /// Removes the catalog with everything below it and the tasks in all of these.
-    virtual void removeCatalog(const std::string& deptId, const std::string& id) = 0;
+    /// Removes the catalog with everything below it and the tasks in all of these: from now on nobody is given any of
+    /// it. `entry` is noted for each of the tasks. Of very many the rows stay until `clearRemoved` takes them.
+    virtual void removeCatalog(const Catalog& catalog, const LogEntry& entry) = 0;
+    /// Whether rows of removed catalogs or their tasks are left.
+    virtual bool isAnyGoing() = 0;
+    /// Clears away some of them, at most so many.
+    virtual void clearRemoved(std::int64_t most) = 0;
 
 protected:
     ~ICatalogStore() = default;

@@ -26,8 +26,9 @@ public:
     /// The departments that the person may see, and the people in them, each once.
     virtual std::vector<Department> departmentsOf(const std::string& username) = 0;
     virtual std::vector<Person> colleaguesOf(const std::string& username) = 0;
-    /// Whether the person is active and belongs to the same organisation as the department.
-    virtual bool isOfOrganisation(const std::string& username, const std::string& deptId) = 0;
+    /// Those of the people who are not active members of the same organisation as the department.
+    virtual std::vector<std::string> strangers(const std::vector<std::string>& usernames,
+                                               const std::string& deptId) = 0;
 
     virtual void putDepartment(const Department& department) = 0;
     virtual void putProject(const Project& project) = 0;

@@ -11,6 +11,7 @@
 #include "service/ports/IPushConfigStore.h"
 #include "service/ports/IReminderStore.h"
 #include "service/ports/ITaskLogStore.h"
+#include "service/ports/ITaskPages.h"
 #include "service/ports/ITaskStore.h"
 
 namespace disclosure {
@@ -20,6 +21,7 @@ class IStore : public IAccountStore,
                public IOrganisationStore,
                public ICatalogStore,
                public ITaskStore,
+               public ITaskPages,
                public ITaskLogStore,
                public IPushConfigStore,
                public IFileStore,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,9 +12,12 @@ namespace disclosure {
 class ITaskLogStore {
 public:
     virtual void addLog(const LogEntry& entry) = 0;
-    /// Notes for every task in the catalog and below it what `entry` says.
-    virtual void addLogForSubtree(const LogEntry& entry, const std::string& catalogId) = 0;
-    virtual std::vector<LogEntry> logOf(const std::string& deptId, const std::string& taskId) = 0;
+    /// Some of a task's entries, counted from the newest, but given the oldest first.
+    virtual std::vector<LogEntry> logOf(const LogFilter& filter) = 0;
+    virtual std::optional<LogEntry> logEntry(const std::string& deptId, const std::string& taskId,
+                                             const std::string& id) = 0;
+    /// How many of the task's entries clients have noted, counted up to `most`.
+    virtual std::int64_t clientEntries(const std::string& deptId, const std::string& taskId, std::int64_t most) = 0;
 
 protected:
     ~ITaskLogStore() = default;

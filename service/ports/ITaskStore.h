@@ -13,8 +13,6 @@ namespace disclosure {
 /// The tasks of the departments with what belongs to them. Their numbers in the catalogs follow by themselves.
 class ITaskStore {
 public:
-    virtual TaskPage pageTasks(const TaskFilter& filter) = 0;
-    virtual OwnTaskPage pageOwnTasks(const OwnTaskFilter& filter) = 0;
     virtual std::optional<Task> task(const std::string& deptId, const std::string& id) = 0;
     /// The tasks of this id that the person may see: those of their departments, those they are to disclose, and the
     /// published ones they are to receive.
@@ -25,9 +23,10 @@ public:
     /// all the tasks there are. Their lists and their progress are taken over, attachments and remarks on confirmations
     /// not.
     virtual void addTasks(const std::string& deptId, const std::function<bool(Task&)>& next) = 0;
-    /// Makes the stored task and its lists equal to `task`, found by its number.
-    virtual void putTask(const Task& task) = 0;
-    virtual void removeTask(const TaskKey& key) = 0;
+    /// Makes the stored task and its lists equal to `task`, found by its number; it was `before`. Writes what differs.
+    virtual void putTask(const Task& task, const Task& before) = 0;
+    /// Removes tasks of one department, and notes `entry` for each.
+    virtual void removeTasks(const std::vector<TaskKey>& keys, const LogEntry& entry) = 0;
 
 protected:
     ~ITaskStore() = default;

@@ -67,6 +67,8 @@ struct TaskAttachment {
     std::string thumbnailUuid;
     std::string thumbnailMd5;
     std::int32_t thumbnailSize = 0;
+
+    bool operator==(const TaskAttachment&) const = default;
 };
 
 /// What people write into a task; times in milliseconds, 0 where there is none.
@@ -139,7 +141,7 @@ struct TaskFilter {
     std::int64_t limit = 0;
 };
 
-/// Which of the tasks that are a person's own are wanted; the latest changed come first.
+/// Which of the tasks that are a person's own are wanted; the latest added come first.
 struct OwnTaskFilter {
     enum class Role { Any, Discloser, Receiver };
 
@@ -204,6 +206,16 @@ struct LogEntry {
     std::string sourceExtension;
     std::string realname;  // filled when read, as is the next
     std::string headUuid;
+};
+
+/// Which entries of a task's log are wanted.
+struct LogFilter {
+    std::string deptId;
+    std::string taskId;
+    std::int32_t kind = 0;  // 0 for all
+    std::string username;   // empty for everybody's
+    std::int64_t offset = 0;
+    std::int64_t limit = 0;
 };
 
 /// When a department's people are reminded; a frequency is 1 for once and 2 for once a day.

@@ -6,6 +6,16 @@ namespace {
 
 // What belongs to a department has the department's id first in its keys, so that the tables can be spread over several
 // database servers by department. People, sessions and log-in attempts belong to no department.
+#define DISCLOSURE_SHOWN(row) \
+    "CASE WHEN " row ".published = 0 THEN 0 WHEN task_receiver.username = " row ".discloser THEN 2 ELSE 1 END"
+#define DISCLOSURE_TALLY_OWN(row, person, role, change)                                          \
+    "BEGIN INSERT INTO own_tally VALUES (" row "." person ", " row ".dept_id, " role ", " change \
+    ") ON CONFLICT "                                                                             \
+    "(username, dept_id, role) DO UPDATE SET number = number + (" change "); END"
+#define DISCLOSURE_TALLY_STATE(row, change)                                                                \
+    "INSERT INTO state_tally VALUES (" row ".dept_id, " row ".state, " row ".deadline / 86400000, " change \
+    ") ON CONFLICT (dept_id, state, day) DO UPDATE SET number = number + (" change "); "
+
 const std::vector<Migration> Steps{
     {
         // 1: the organisation, its people and their sessions
@@ -227,7 +237,73 @@ const std::vector<Migration> Steps{
         "ALTER TABLE person ADD COLUMN active INTEGER NOT NULL DEFAULT 1",
 #undef DISCLOSURE_USE
     },
+    {
+        // 10: a catalog with very many tasks goes at once, and its rows are cleared away afterwards
+        "CREATE TABLE removal (rid INTEGER PRIMARY KEY, dept_id VARCHAR(64) NOT NULL REFERENCES department (dept_id), "
+        "log_id VARCHAR(64) NOT NULL, username VARCHAR(64) NOT NULL, removed_at BIGINT NOT NULL, "
+        "tasks BIGINT NOT NULL)",
+        "CREATE INDEX removal_dept ON removal (dept_id, tasks)",
+        // The removal a catalog goes with; 0 for one that is there.
+        "ALTER TABLE catalog ADD COLUMN removal INTEGER NOT NULL DEFAULT 0",
+        "DROP INDEX catalog_top",
+        "CREATE UNIQUE INDEX catalog_top ON catalog (dept_id) WHERE parent_id IS NULL AND removal = 0",
+        "CREATE INDEX catalog_removed ON catalog (removal, depth) WHERE removal > 0",
+        "CREATE INDEX catalog_uncleared ON catalog (removal, catalog_id) WHERE removal > 0 AND task_number > 0",
+    },
+    {
+        // 11: lists and their totals cost what a page costs, however many tasks a person or a status has
+        "CREATE INDEX task_log_id ON task_log (dept_id, task_id, log_id)",
+        // What a receiver is shown: 0 nothing yet, 1 the published task, 2 the same to whom it is the own already.
+        "ALTER TABLE task_receiver ADD COLUMN shown INTEGER NOT NULL DEFAULT 0",
+        "UPDATE task_receiver SET shown = (SELECT " DISCLOSURE_SHOWN(
+            "t") " FROM task t WHERE t.rid = task_receiver.task_rid)",
+        "DROP INDEX task_receiver_person",
+        "CREATE INDEX task_receiver_person ON task_receiver (username, shown, task_rid, dept_id)",
+        "DROP INDEX task_of_discloser",
+        "CREATE INDEX task_of_discloser ON task (discloser, rid, dept_id)",
+        "CREATE TRIGGER task_shown AFTER UPDATE OF published, discloser ON task WHEN new.published <> old.published OR "
+        "new.discloser <> old.discloser BEGIN UPDATE task_receiver SET shown = " DISCLOSURE_SHOWN(
+            "new") " WHERE dept_id = new.dept_id AND task_rid = new.rid; END",
+        // How many tasks a person has in a department; the role is as `shown` is, and 3 for those to disclose.
+        "CREATE TABLE own_tally (username VARCHAR(64) NOT NULL, dept_id VARCHAR(64) NOT NULL, role INTEGER NOT NULL, "
+        "number BIGINT NOT NULL, PRIMARY KEY (username, dept_id, role)) WITHOUT ROWID",
+        "CREATE TRIGGER own_added AFTER INSERT ON task WHEN new.discloser <> '' " DISCLOSURE_TALLY_OWN(
+            "new", "discloser", "3", "1"),
+        "CREATE TRIGGER own_removed AFTER DELETE ON task WHEN old.discloser <> '' " DISCLOSURE_TALLY_OWN(
+            "old", "discloser", "3", "-1"),
+        "CREATE TRIGGER own_given AFTER UPDATE OF discloser ON task WHEN new.discloser NOT IN (old.discloser, "
+        "'') " DISCLOSURE_TALLY_OWN("new", "discloser", "3", "1"),
+        "CREATE TRIGGER own_taken AFTER UPDATE OF discloser ON task WHEN old.discloser NOT IN (new.discloser, "
+        "'') " DISCLOSURE_TALLY_OWN("old", "discloser", "3", "-1"),
+        "CREATE TRIGGER shown_added AFTER INSERT ON task_receiver WHEN new.shown > 0 " DISCLOSURE_TALLY_OWN(
+            "new", "username", "new.shown", "1"),
+        "CREATE TRIGGER shown_removed AFTER DELETE ON task_receiver WHEN old.shown > 0 " DISCLOSURE_TALLY_OWN(
+            "old", "username", "old.shown", "-1"),
+        "CREATE TRIGGER shown_from AFTER UPDATE OF shown ON task_receiver WHEN new.shown NOT IN (old.shown, "
+        "0) " DISCLOSURE_TALLY_OWN("new", "username", "new.shown", "1"),
+        "CREATE TRIGGER shown_until AFTER UPDATE OF shown ON task_receiver WHEN old.shown NOT IN (new.shown, "
+        "0) " DISCLOSURE_TALLY_OWN("old", "username", "old.shown", "-1"),
+        "INSERT INTO own_tally SELECT discloser, dept_id, 3, COUNT(*) FROM task WHERE discloser <> '' GROUP BY "
+        "discloser, dept_id",
+        "INSERT INTO own_tally SELECT username, dept_id, shown, COUNT(*) FROM task_receiver WHERE shown > 0 "
+        "GROUP BY username, dept_id, shown",
+        // How many tasks of a department have a state and a deadline within a day, from which follows how many have a
+        // status at any time.
+        "CREATE TABLE state_tally (dept_id VARCHAR(64) NOT NULL, state INTEGER NOT NULL, day BIGINT NOT NULL, "
+        "number BIGINT NOT NULL, PRIMARY KEY (dept_id, state, day)) WITHOUT ROWID",
+        "CREATE TRIGGER state_added AFTER INSERT ON task BEGIN " DISCLOSURE_TALLY_STATE("new", "1") "END",
+        "CREATE TRIGGER state_removed AFTER DELETE ON task BEGIN " DISCLOSURE_TALLY_STATE("old", "-1") "END",
+        "CREATE TRIGGER state_changed AFTER UPDATE OF state, deadline ON task WHEN new.state <> old.state OR "
+        "new.deadline <> old.deadline BEGIN " DISCLOSURE_TALLY_STATE("old", "-1")
+            DISCLOSURE_TALLY_STATE("new", "1") "END",
+        "INSERT INTO state_tally SELECT dept_id, state, deadline / 86400000, COUNT(*) FROM task "
+        "GROUP BY dept_id, state, deadline / 86400000",
+    },
 };
+
+#undef DISCLOSURE_TALLY_STATE
+#undef DISCLOSURE_TALLY_OWN
+#undef DISCLOSURE_SHOWN
 
 }  // namespace
 

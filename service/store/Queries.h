@@ -1,16 +1,35 @@
 #pragma once
 
-/// The queries that requests run, in SQL that both SQLite and PostgreSQL know. They stand here together so that a test
-/// can hold the plan of each.
+/// The queries that requests run. They stand here together so that a test can hold the plan of each.
+///
+/// Their SQL is what both SQLite and PostgreSQL know, but for what tells SQLite how to go about it, which PostgreSQL
+/// decides by itself: INDEXED BY and the unary + are left out for it, and CROSS JOIN, which fixes the order of the
+/// tables in SQLite, takes its conditions from WHERE in both. SQLite's alone are json_each, by which a list is given,
+/// the index of names with its MATCH, the triggers, and the partial indexes' way of being chosen.
 namespace disclosure::queries {
 
-// CROSS JOIN fixes the order in which SQLite takes the tables. Where one row is wanted out of many, IN is used instead
-// of a join, for which SQLite may decide to read the whole table first.
+// Where one row is wanted out of many, IN is used instead of a join, for which SQLite may decide to read the whole
+// table first.
 
-/// The departments in which a person sees anything: those they belong to, and everything below.
+/// The departments in which a person sees anything: those they belong to, and everything below. Only for what lists
+/// all of it; whether one row is among it is told by the way up from its department.
 #define DISCLOSURE_REACH                                                                       \
     "WITH RECURSIVE reach(dept_id) AS (SELECT dept_id FROM member WHERE username = :username " \
     "UNION SELECT d.dept_id FROM reach r CROSS JOIN department d WHERE d.parent_id = r.dept_id) "
+#define DISCLOSURE_SEES(row)                                                                                   \
+    "EXISTS (WITH RECURSIVE up(dept_id, parent_id) AS (SELECT d.dept_id, d.parent_id FROM department d WHERE " \
+    "d.dept_id = " row                                                                                         \
+    ".dept_id UNION SELECT d.dept_id, d.parent_id FROM up CROSS JOIN department d "                            \
+    "WHERE d.dept_id = up.parent_id) SELECT 1 FROM up CROSS JOIN member m WHERE m.dept_id = up.dept_id "       \
+    "AND m.username = :username)"
+/// The published task is shown to the person, to receive it.
+#define DISCLOSURE_RECEIVES \
+    "EXISTS (SELECT 1 FROM task_receiver r WHERE r.username = :username AND r.shown = 1 AND r.task_rid = t.rid)"
+/// The task has not gone with its catalog, and only waits for being cleared away.
+#define DISCLOSURE_IS_THERE                                                                                            \
+    "NOT EXISTS (SELECT 1 FROM catalog x WHERE x.dept_id = t.dept_id AND x.catalog_id = t.catalog_id AND x.removal > " \
+    "0)"
+inline constexpr auto AndIsThere = " AND " DISCLOSURE_IS_THERE;
 #define DISCLOSURE_CATALOG \
     "SELECT c.dept_id, c.catalog_id, c.name, COALESCE(c.parent_id, ''), c.sort, c.depth FROM catalog c "
 #define DISCLOSURE_BELOW                                                                                       \
@@ -20,43 +39,62 @@ namespace disclosure::queries {
 
 inline constexpr auto Catalogs =
     "SELECT c.catalog_id, c.name, COALESCE(c.parent_id, ''), c.sort, c.depth, c.task_number FROM catalog c "
-    "WHERE c.dept_id = :dept ORDER BY c.depth, c.parent_id, c.sort";
-inline constexpr auto CatalogById = DISCLOSURE_CATALOG "WHERE c.dept_id = :dept AND c.catalog_id = :id";
+    "WHERE c.dept_id = :dept AND c.removal = 0 ORDER BY c.depth, c.parent_id, c.sort";
+inline constexpr auto CatalogById =
+    DISCLOSURE_CATALOG "WHERE c.dept_id = :dept AND c.catalog_id = :id AND c.removal = 0";
 inline constexpr auto CatalogsOfMember =
-    DISCLOSURE_REACH DISCLOSURE_CATALOG "WHERE c.dept_id IN (SELECT dept_id FROM reach) AND c.catalog_id = :id";
+    DISCLOSURE_CATALOG "WHERE c.catalog_id = :id AND c.removal = 0 AND " DISCLOSURE_SEES("c");
 inline constexpr auto ChildNamed =
     DISCLOSURE_CATALOG "WHERE c.dept_id = :dept AND c.parent_id = :parent AND c.name = :name";
-inline constexpr auto TopCatalogs = "SELECT COUNT(*) FROM catalog WHERE dept_id = :dept AND parent_id IS NULL";
+inline constexpr auto TopCatalogs =
+    "SELECT COUNT(*) FROM catalog WHERE dept_id = :dept AND parent_id IS NULL AND removal = 0";
 inline constexpr auto NeighbourBefore = DISCLOSURE_CATALOG
     "WHERE c.dept_id = :dept AND c.parent_id = :parent AND c.sort < :sort ORDER BY c.sort DESC LIMIT 1";
 inline constexpr auto NeighbourAfter =
     DISCLOSURE_CATALOG "WHERE c.dept_id = :dept AND c.parent_id = :parent AND c.sort > :sort ORDER BY c.sort LIMIT 1";
-inline constexpr auto CatalogCount = "SELECT COUNT(*) FROM catalog WHERE dept_id = :dept";
+inline constexpr auto CatalogCount = "SELECT COUNT(*) FROM catalog WHERE dept_id = :dept AND removal = 0";
 inline constexpr auto NextSort =
     "SELECT COALESCE(MAX(sort) + 1, 0) FROM catalog WHERE dept_id = :dept AND parent_id = :parent";
 inline constexpr auto SubtreeTasks =
-    "WITH RECURSIVE subtree(catalog_id) AS (SELECT CAST(:id AS VARCHAR(64)) UNION ALL SELECT c.catalog_id "
-    "FROM subtree s CROSS JOIN catalog c WHERE c.dept_id = :dept AND c.parent_id = s.catalog_id) "
-    "SELECT COUNT(*) FROM (SELECT 1 FROM task t WHERE t.dept_id = :dept "
-    "AND t.catalog_id IN (SELECT catalog_id FROM subtree) LIMIT 1) found";
+    "SELECT c.subtree_number FROM catalog c WHERE c.dept_id = :dept AND c.catalog_id = :id";
+inline constexpr auto CatalogIsGoing =
+    "SELECT COUNT(*) FROM catalog c WHERE c.dept_id = :dept AND c.catalog_id = :id AND c.removal > 0";
 
 /// Whether it is the top one, its own tasks, those of its subtree, and those of the department.
 inline constexpr auto SubtreeNumbers =
     "SELECT CASE WHEN c.parent_id IS NULL THEN 1 ELSE 0 END, c.task_number, c.subtree_number, (SELECT o.subtree_number "
-    "FROM catalog o WHERE o.dept_id = :dept AND o.parent_id IS NULL) FROM catalog c "
-    "WHERE c.dept_id = :dept AND c.catalog_id = :id";
+    "FROM catalog o WHERE o.dept_id = :dept AND o.parent_id IS NULL AND o.removal = 0) FROM catalog c "
+    "WHERE c.dept_id = :dept AND c.catalog_id = :id AND c.removal = 0";
 inline constexpr auto DepartmentTasks =
-    "SELECT c.subtree_number FROM catalog c WHERE c.dept_id = :dept AND c.parent_id IS NULL";
+    "SELECT c.catalog_id, c.subtree_number FROM catalog c WHERE c.dept_id = :dept AND c.parent_id IS NULL AND "
+    "c.removal = 0";
+/// How many of the department's tasks wait for being cleared away.
+inline constexpr auto TasksGoing = "SELECT COALESCE(SUM(v.tasks), 0) FROM removal v WHERE v.dept_id = :dept";
+inline constexpr auto AnyTasksGoing = "SELECT COUNT(*) FROM (SELECT 1 FROM removal v WHERE v.tasks > 0 LIMIT 1) going";
 #define DISCLOSURE_SUBTREE                                                                                  \
     "WITH RECURSIVE subtree(catalog_id) AS (SELECT CAST(:id AS VARCHAR(64)) UNION ALL SELECT c.catalog_id " \
     "FROM subtree s CROSS JOIN catalog c WHERE c.dept_id = :dept AND c.parent_id = s.catalog_id) "
-inline constexpr auto RemoveSubtreeTasks =
-    DISCLOSURE_SUBTREE "DELETE FROM task WHERE dept_id = :dept AND catalog_id IN (SELECT catalog_id FROM subtree)";
-inline constexpr auto LogSubtreeTasks = DISCLOSURE_SUBTREE
-    "INSERT INTO task_log (dept_id, task_id, log_id, username, op_time, kind, source_name) "
-    "SELECT t.dept_id, t.task_id, :log || '-' || t.rid, :username, :time, :kind, t.name FROM task t "
-    "WHERE t.dept_id = :dept AND t.catalog_id IN (SELECT catalog_id FROM subtree)";
-inline constexpr auto TaskRid = "SELECT rid FROM task t WHERE t.dept_id = :dept AND t.task_id = :id";
+inline constexpr auto MarkSubtree = DISCLOSURE_SUBTREE
+    "UPDATE catalog SET removal = :removal WHERE dept_id = :dept AND catalog_id IN (SELECT catalog_id FROM subtree)";
+inline constexpr auto UncountSubtree =
+    "WITH RECURSIVE up(id) AS (SELECT c.parent_id FROM catalog c WHERE c.dept_id = :dept AND c.catalog_id = :id "
+    "UNION ALL SELECT c.parent_id FROM up CROSS JOIN catalog c WHERE c.dept_id = :dept AND c.catalog_id = up.id) "
+    "UPDATE catalog SET subtree_number = subtree_number - :tasks WHERE dept_id = :dept AND catalog_id IN "
+    "(SELECT id FROM up WHERE id IS NOT NULL)";
+inline constexpr auto TasksToClear =
+    "SELECT t.rid FROM catalog c INDEXED BY catalog_uncleared CROSS JOIN task t WHERE c.removal = :removal AND "
+    "c.removal > 0 AND c.task_number > 0 AND t.dept_id = c.dept_id AND t.catalog_id = c.catalog_id LIMIT :most";
+inline constexpr auto RemovalOfTask =
+    "SELECT v.rid, v.log_id, v.username, v.removed_at FROM task t CROSS JOIN catalog c CROSS JOIN removal v WHERE "
+    "+t.dept_id = :dept AND t.rid = :rid AND c.dept_id = t.dept_id AND c.catalog_id = t.catalog_id AND v.rid = "
+    "c.removal";
+/// The deepest first, so that none takes others with it.
+inline constexpr auto ClearCatalogs =
+    "DELETE FROM catalog WHERE rowid IN (SELECT c.rowid FROM catalog c INDEXED BY catalog_removed WHERE c.removal = "
+    ":removal AND c.removal > 0 ORDER BY c.depth DESC LIMIT :most)";
+inline constexpr auto TaskRid =
+    "SELECT rid FROM task t WHERE t.dept_id = :dept AND t.task_id = :id AND " DISCLOSURE_IS_THERE;
+inline constexpr auto StoredTaskRid = "SELECT rid FROM task t WHERE t.dept_id = :dept AND t.task_id = :id";
 /// The numbers of the tasks follow, with a bracket.
 inline constexpr auto TaskRows =
     "SELECT t.rid, t.task_id, t.catalog_id, t.name, t.discloser, t.construction_start, t.construction_end, "
@@ -64,33 +102,41 @@ inline constexpr auto TaskRows =
     "t.confirmed_at, t.confirm_remark, t.urged_at, COALESCE(d.dept_name, ''), COALESCE(p.realname, ''), "
     "COALESCE(p.head_uuid, ''), COALESCE(u.realname, t.updated_by) FROM task t "
     "LEFT JOIN department d ON d.dept_id = t.dept_id LEFT JOIN person p ON p.username = t.discloser "
-    "LEFT JOIN person u ON u.username = t.updated_by WHERE +t.dept_id = :dept AND t.rid IN (";
-inline constexpr auto TasksOfPerson = DISCLOSURE_REACH
-    "SELECT t.rid, t.dept_id, t.task_id FROM task t WHERE t.task_id = :id AND (t.dept_id IN (SELECT dept_id FROM "
-    "reach) "
-    "OR t.discloser = :username OR (t.published = 1 AND EXISTS (SELECT 1 FROM task_receiver r "
-    "WHERE r.dept_id = t.dept_id AND r.task_rid = t.rid AND r.username = :username)))";
-inline constexpr auto MemberOf = "SELECT COUNT(*) FROM member WHERE dept_id = :dept AND username = :username";
-inline constexpr auto SameOrganisation =
-    "WITH RECURSIVE up(dept_id, parent_id, side) AS (SELECT d.dept_id, d.parent_id, 0 FROM department d "
-    "WHERE d.dept_id = :dept UNION SELECT d.dept_id, d.parent_id, 1 FROM person p CROSS JOIN member m "
-    "CROSS JOIN department d "
-    "WHERE p.username = :username AND p.active = 1 AND m.username = p.username AND d.dept_id = m.dept_id UNION SELECT "
-    "d.dept_id, d.parent_id, u.side FROM up u "
-    "CROSS JOIN department d WHERE d.dept_id = u.parent_id) SELECT COUNT(*) FROM up a CROSS JOIN up b "
-    "WHERE a.side = 0 AND b.side = 1 AND a.parent_id IS NULL AND b.dept_id = a.dept_id";
-inline constexpr auto LogOfTask =
-    "SELECT l.log_id, l.username, l.op_time, l.kind, l.source_id, l.source_name, l.source_uuid, l.source_md5, "
-    "l.source_size, l.source_extension, COALESCE(p.realname, ''), COALESCE(p.head_uuid, '') FROM task_log l "
-    "LEFT JOIN person p ON p.username = l.username WHERE l.dept_id = :dept AND l.task_id = :id ORDER BY l.rid";
+    "LEFT JOIN person u ON u.username = t.updated_by WHERE " DISCLOSURE_IS_THERE
+    " AND +t.dept_id = :dept AND t.rid IN (";
+inline constexpr auto TasksOfPerson =
+    "SELECT t.rid, t.dept_id, t.task_id FROM task t WHERE t.task_id = :id AND (t.discloser = :username "
+    "OR " DISCLOSURE_SEES("t") " OR " DISCLOSURE_RECEIVES ") AND " DISCLOSURE_IS_THERE;
+/// Which of the people given as a list in JSON do not belong to the department's organisation. Most are members of the
+/// department itself, and that is told without going up and down the tree.
+inline constexpr auto Strangers =
+    "SELECT j.value FROM json_each(:people) j WHERE NOT EXISTS (SELECT 1 FROM person p CROSS JOIN member m "
+    "WHERE p.username = j.value AND p.active = 1 AND m.dept_id = :dept AND m.username = j.value) AND NOT EXISTS (WITH "
+    "RECURSIVE up(dept_id, parent_id, side) AS (SELECT d.dept_id, "
+    "d.parent_id, 0 FROM department d WHERE d.dept_id = :dept UNION SELECT d.dept_id, d.parent_id, 1 FROM person p "
+    "CROSS JOIN member m CROSS JOIN department d WHERE p.username = j.value AND p.active = 1 AND m.username = "
+    "p.username AND d.dept_id = m.dept_id UNION SELECT d.dept_id, d.parent_id, "
+    "u.side FROM up u CROSS JOIN department d WHERE d.dept_id = u.parent_id) SELECT 1 FROM up a CROSS JOIN up b "
+    "WHERE a.side = 0 AND b.side = 1 AND a.parent_id IS NULL AND b.dept_id = a.dept_id) ORDER BY j.key";
+#define DISCLOSURE_LOG                                                                                          \
+    "SELECT l.log_id, l.username, l.op_time, l.kind, l.source_id, l.source_name, l.source_uuid, l.source_md5, " \
+    "l.source_size, l.source_extension, COALESCE(p.realname, ''), COALESCE(p.head_uuid, '') FROM task_log l "   \
+    "LEFT JOIN person p ON p.username = l.username WHERE l.dept_id = :dept AND l.task_id = :id AND "
+/// The newest first; a kind of 0 and a person without a name stand for all.
+inline constexpr auto LogOfTask = DISCLOSURE_LOG
+    "(:kind = 0 OR l.kind = :kind) AND (:person = '' OR l.username = :person) ORDER BY l.rid DESC LIMIT :limit "
+    "OFFSET :offset";
+inline constexpr auto LogEntryById = DISCLOSURE_LOG "l.log_id = :log";
+inline constexpr auto ClientEntries =
+    "SELECT COUNT(*) FROM (SELECT 1 FROM task_log l WHERE l.dept_id = :dept AND l.task_id = :id AND l.kind >= 100 "
+    "LIMIT :most) noted";
 #define DISCLOSURE_PUSH                                                                                              \
     "SELECT config_id, dept_id, notify_advance, days_advance, advance_frequency, notify_overdue, overdue_frequency " \
     "FROM push_config "
 inline constexpr auto RemindingConfigs =
     DISCLOSURE_PUSH "WHERE notify_advance = 1 OR notify_overdue = 1 ORDER BY dept_id";
 inline constexpr auto PushConfigOfDept = DISCLOSURE_PUSH "WHERE dept_id = :dept";
-inline constexpr auto PushConfigsOfMember =
-    DISCLOSURE_REACH DISCLOSURE_PUSH "WHERE config_id = :id AND dept_id IN (SELECT dept_id FROM reach)";
+inline constexpr auto PushConfigsOfMember = DISCLOSURE_PUSH "WHERE config_id = :id AND " DISCLOSURE_SEES("push_config");
 inline constexpr auto DepartmentsOf = DISCLOSURE_REACH
     "SELECT d.dept_id, d.dept_name, COALESCE(d.parent_id, '') FROM department d "
     "WHERE d.dept_id IN (SELECT dept_id FROM reach) ORDER BY d.dept_id";
@@ -99,16 +145,17 @@ inline constexpr auto ColleaguesOf = DISCLOSURE_REACH
     "(SELECT m.username FROM reach r CROSS JOIN member m WHERE m.dept_id = r.dept_id) ORDER BY p.username";
 
 #define DISCLOSURE_FILE "SELECT f.name, f.extension, f.md5, f.size, f.uploaded_by, f.stored_at FROM stored_file f "
-#define DISCLOSURE_SHOWS(list, column)                                                                        \
-    "EXISTS (SELECT 1 FROM " list " l CROSS JOIN task t WHERE l.dept_id = f.dept_id AND l." column            \
-    " = f.uuid AND t.rid = l.task_rid AND (t.discloser = :username OR (t.published = 1 AND EXISTS (SELECT 1 " \
-    "FROM task_receiver r WHERE r.dept_id = t.dept_id AND r.task_rid = t.rid AND r.username = :username))))"
-#define DISCLOSURE_REFERS(list, column) \
-    "(SELECT COUNT(*) FROM " list " l WHERE l.dept_id = :dept AND l." column " = :uuid)"
+#define DISCLOSURE_SHOWS(list, column)                                                             \
+    "EXISTS (SELECT 1 FROM " list " l CROSS JOIN task t WHERE l.dept_id = f.dept_id AND l." column \
+    " = f.uuid AND t.rid = l.task_rid AND (t.discloser = :username OR " DISCLOSURE_RECEIVES        \
+    ") AND " DISCLOSURE_IS_THERE ")"
+#define DISCLOSURE_REFERS(list, column)                                                        \
+    "(SELECT COUNT(*) FROM " list " l CROSS JOIN task t WHERE l.dept_id = :dept AND l." column \
+    " = :uuid AND t.rid = l.task_rid AND " DISCLOSURE_IS_THERE ")"
 inline constexpr auto FileByUuid = DISCLOSURE_FILE "WHERE f.dept_id = :dept AND f.uuid = :uuid";
-inline constexpr auto FileOfPerson = DISCLOSURE_REACH DISCLOSURE_FILE
-    "WHERE f.dept_id = :dept AND f.uuid = :uuid AND (f.dept_id IN (SELECT dept_id FROM reach) "
-    "OR f.uploaded_by = :username OR " DISCLOSURE_SHOWS("task_doc", "uuid") " OR " DISCLOSURE_SHOWS(
+inline constexpr auto FileOfPerson = DISCLOSURE_FILE
+    "WHERE f.dept_id = :dept AND f.uuid = :uuid AND (f.uploaded_by = :username OR " DISCLOSURE_SEES("f")
+    " OR " DISCLOSURE_SHOWS("task_doc", "uuid") " OR " DISCLOSURE_SHOWS(
         "task_attachment", "uuid") " OR " DISCLOSURE_SHOWS("task_attachment", "thumbnail_uuid") ")";
 inline constexpr auto KnownFile = "SELECT COUNT(*) FROM stored_file f WHERE f.uuid = :uuid";
 inline constexpr auto KnownFiles =
@@ -143,18 +190,29 @@ inline constexpr auto OldReminders =
 inline constexpr auto KeepReminder = "UPDATE reminder SET made_at = :now" DISCLOSURE_THIS_REMINDER;
 inline constexpr auto DropReminder = "DELETE FROM reminder" DISCLOSURE_THIS_REMINDER;
 /// The task is that of now, where the person may still see it.
-inline constexpr auto MessagesOf = DISCLOSURE_REACH
+inline constexpr auto MessagesOf =
     "SELECT message.rid, message.dept_id, message.kind, message.text, message.created_at, message.is_read, "
     "COALESCE(t.task_id, ''), COALESCE(t.name, ''), COALESCE(t.catalog_id, '') FROM message LEFT JOIN task t "
-    "ON t.dept_id = message.dept_id AND t.task_id = message.task_id AND (message.dept_id IN (SELECT dept_id FROM "
-    "reach) "
-    "OR t.discloser = :username OR (t.published = 1 AND EXISTS (SELECT 1 FROM task_receiver r "
-    "WHERE r.dept_id = t.dept_id AND r.task_rid = t.rid AND r.username = :username))) "
-    "WHERE message.username = :username ORDER BY message.created_at DESC, message.rid DESC LIMIT :limit OFFSET :offset";
+    "ON t.dept_id = message.dept_id AND t.task_id = message.task_id AND (t.discloser = :username OR " DISCLOSURE_SEES(
+        "message") " OR " DISCLOSURE_RECEIVES ") AND " DISCLOSURE_IS_THERE
+                   " WHERE message.username = :username ORDER BY message.created_at DESC, message.rid DESC LIMIT "
+                   ":limit OFFSET :offset";
 inline constexpr auto MessageCount = "SELECT COUNT(*) FROM message WHERE username = :username";
 inline constexpr auto UnreadCount = "SELECT COUNT(*) FROM message WHERE username = :username AND is_read = 0";
-inline constexpr auto OldMessages =
-    "SELECT rid FROM message WHERE created_at < :before ORDER BY created_at LIMIT :most";
+inline constexpr auto RemoveOldMessages =
+    "DELETE FROM message WHERE rid IN (SELECT m.rid FROM message m INDEXED BY message_created WHERE m.created_at < "
+    ":before ORDER BY m.created_at LIMIT :most)";
+/// How many tasks a person has in a role, in one department or, where none is named, in all.
+inline constexpr auto OwnTasks =
+    "SELECT COALESCE(SUM(o.number), 0) FROM own_tally o WHERE o.username = :username AND o.role IN (:role, :other) "
+    "AND (:dept = '' OR o.dept_id = :dept)";
+/// How many of the department's tasks have one of two states and a deadline within these days, and in one of them.
+inline constexpr auto StatesOnDays =
+    "SELECT COALESCE(SUM(s.number), 0) FROM state_tally s WHERE s.dept_id = :dept AND s.state IN (:state, :other) AND "
+    "s.day BETWEEN :from AND :to";
+inline constexpr auto StatesWithin =
+    "SELECT COUNT(*) FROM task t INDEXED BY task_state WHERE t.dept_id = :dept AND t.state IN (:state, :other) AND "
+    "t.deadline BETWEEN :from AND :to";
 #define DISCLOSURE_MAIL                                                                                                \
     "SELECT dept_id, mail_id, task_id, kind, due, username, subject, text, created_at, attempts, claimed_at, wake_at " \
     "FROM mail "
@@ -205,13 +263,21 @@ inline constexpr const char* Keyed[] = {
     RightsOf,
     SubtreeNumbers,
     DepartmentTasks,
-    RemoveSubtreeTasks,
-    LogSubtreeTasks,
+    CatalogIsGoing,
+    TasksGoing,
+    AnyTasksGoing,
+    MarkSubtree,
+    UncountSubtree,
+    TasksToClear,
+    RemovalOfTask,
+    ClearCatalogs,
     TaskRid,
+    StoredTaskRid,
     TasksOfPerson,
-    MemberOf,
-    SameOrganisation,
+    Strangers,
     LogOfTask,
+    LogEntryById,
+    ClientEntries,
     PushConfigOfDept,
     PushConfigsOfMember,
     DepartmentsOf,
@@ -225,7 +291,10 @@ inline constexpr const char* Keyed[] = {
     MessagesOf,
     MessageCount,
     UnreadCount,
-    OldMessages,
+    RemoveOldMessages,
+    OwnTasks,
+    StatesOnDays,
+    StatesWithin,
     DueMails,
     MailsFromTheFuture,
     FileByUuid,
@@ -239,9 +308,13 @@ inline constexpr const char* Keyed[] = {
 };
 
 #undef DISCLOSURE_REACH
+#undef DISCLOSURE_SEES
+#undef DISCLOSURE_RECEIVES
+#undef DISCLOSURE_IS_THERE
 #undef DISCLOSURE_CATALOG
 #undef DISCLOSURE_BELOW
 #undef DISCLOSURE_SUBTREE
+#undef DISCLOSURE_LOG
 #undef DISCLOSURE_PUSH
 #undef DISCLOSURE_FILE
 #undef DISCLOSURE_SHOWS

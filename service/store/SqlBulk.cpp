@@ -51,6 +51,18 @@ void SqlStore::addTasks(const std::string& deptId, const std::function<bool(Task
               "WHERE c.dept_id = catalog.dept_id AND c.parent_id = b.id) SELECT SUM(number) FROM below) "
               "WHERE dept_id = :dept",
         use(deptId, "dept");
+    for (const char* tally : {"own_tally", "state_tally"})
+        *m_sql << std::string("DELETE FROM ") + tally + " WHERE dept_id = :dept", use(deptId, "dept");
+    *m_sql << "INSERT INTO own_tally SELECT discloser, dept_id, 3, COUNT(*) FROM task WHERE dept_id = :dept AND "
+              "discloser <> '' GROUP BY discloser",
+        use(deptId, "dept");
+    *m_sql
+        << "INSERT INTO own_tally SELECT username, dept_id, shown, COUNT(*) FROM task_receiver WHERE dept_id = :dept "
+           "AND shown > 0 GROUP BY username, shown",
+        use(deptId, "dept");
+    *m_sql << "INSERT INTO state_tally SELECT dept_id, state, deadline / 86400000, COUNT(*) FROM task WHERE dept_id = "
+              ":dept GROUP BY state, deadline / 86400000",
+        use(deptId, "dept");
     *m_sql << "ANALYZE";
 }
 

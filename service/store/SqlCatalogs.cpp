@@ -15,6 +15,9 @@ std::vector<Catalog> SqlStore::readCatalogs(const char* query, Used&&... used) {
 
 namespace {
 
+/// So few tasks go with their catalog at once.
+constexpr std::int64_t ClearedAtOnce = 500;
+
 std::optional<Catalog> first(std::vector<Catalog> found) {
     if (found.empty())
         return std::nullopt;
@@ -61,7 +64,7 @@ std::int32_t SqlStore::nextSort(const std::string& deptId, const std::string& pa
 }
 
 bool SqlStore::subtreeHoldsTasks(const std::string& deptId, const std::string& id) {
-    return readNumber(queries::SubtreeTasks, use(id, "id"), use(deptId, "dept")) > 0;
+    return readNumber(queries::SubtreeTasks, use(deptId, "dept"), use(id, "id")) > 0;
 }
 
 void SqlStore::addCatalog(const Catalog& c) {
@@ -82,11 +85,60 @@ void SqlStore::placeCatalog(const std::string& deptId, const std::string& id, st
                      use(deptId, "dept"), use(id, "id"));
 }
 
-void SqlStore::removeCatalog(const std::string& deptId, const std::string& id) {
-    // The tasks first: the numbers of the catalogs above follow from each while the way up still stands.
-    m_statements.run(queries::RemoveSubtreeTasks, use(id, "id"), use(deptId, "dept"));
-    m_statements.run("DELETE FROM catalog WHERE dept_id = :dept AND catalog_id = :id", use(deptId, "dept"),
-                     use(id, "id"));
+bool SqlStore::isGoing(const std::string& deptId, const std::string& id) {
+    return readNumber(queries::CatalogIsGoing, use(deptId, "dept"), use(id, "id")) > 0;
+}
+
+void SqlStore::removeCatalog(const Catalog& c, const LogEntry& entry) {
+    const std::int64_t tasks = readNumber(queries::SubtreeTasks, use(c.deptId, "dept"), use(c.id, "id"));
+    if (tasks == 0) {
+        m_statements.run("DELETE FROM catalog WHERE dept_id = :dept AND catalog_id = :id", use(c.deptId, "dept"),
+                         use(c.id, "id"));
+        return;
+    }
+    m_statements.run(
+        "INSERT INTO removal (dept_id, log_id, username, removed_at, tasks) VALUES (:dept, :log, :username, :time, "
+        ":tasks)",
+        use(c.deptId, "dept"), use(entry.id, "log"), use(entry.username, "username"), use(entry.time, "time"),
+        use(tasks, "tasks"));
+    const std::int64_t removal = readNumber("SELECT MAX(rid) FROM removal");
+    m_statements.run(queries::UncountSubtree, use(c.deptId, "dept"), use(c.id, "id"), use(tasks, "tasks"));
+    m_statements.run(queries::MarkSubtree, use(c.deptId, "dept"), use(c.id, "id"), use(removal, "removal"));
+    m_statements.run("UPDATE catalog SET parent_id = NULL WHERE dept_id = :dept AND catalog_id = :id",
+                     use(c.deptId, "dept"), use(c.id, "id"));
+    if (tasks <= ClearedAtOnce) {
+        // The tasks, the catalogs, and the removal itself; of very many catalogs the rest is left for later.
+        for (int i = 0; i < 3; ++i)
+            clear(removal, ClearedAtOnce);
+    }
+}
+
+bool SqlStore::isAnyGoing() {
+    return readNumber("SELECT COUNT(*) FROM (SELECT 1 FROM removal LIMIT 1) AS going") > 0;
+}
+
+void SqlStore::clearRemoved(std::int64_t most) {
+    std::int64_t removal = 0;
+    if (m_statements.one("SELECT rid FROM removal ORDER BY rid LIMIT 1", into(removal)))
+        clear(removal, most);
+}
+
+void SqlStore::clear(std::int64_t removal, std::int64_t most) {
+    std::int64_t rid = 0;
+    const auto rids =
+        m_statements.list(queries::TasksToClear, rid, into(rid), use(removal, "removal"), use(most, "most"));
+    if (!rids.empty()) {
+        LogEntry entry;
+        entry.kind = LogEntry::Deleted;
+        m_statements.one("SELECT dept_id, log_id, username, removed_at FROM removal WHERE rid = :removal",
+                         into(entry.deptId), into(entry.id), into(entry.username), into(entry.time),
+                         use(removal, "removal"));
+        clearTasks(rids, entry);
+        m_statements.run("UPDATE removal SET tasks = tasks - :cleared WHERE rid = :removal",
+                         use(static_cast<std::int64_t>(rids.size()), "cleared"), use(removal, "removal"));
+    } else if (m_statements.run(queries::ClearCatalogs, use(removal, "removal"), use(most, "most")) == 0) {
+        m_statements.run("DELETE FROM removal WHERE rid = :removal", use(removal, "removal"));
+    }
 }
 
 }  // namespace disclosure

@@ -139,12 +139,7 @@ void SqlStore::markMessagesRead(const std::string& username) {
 }
 
 std::int64_t SqlStore::removeMessagesBefore(std::int64_t time, std::int64_t most) {
-    std::int64_t number = 0;
-    const auto old =
-        m_statements.list(queries::OldMessages, number, into(number), use(time, "before"), use(most, "most"));
-    for (const std::int64_t rid : old)
-        m_statements.run("DELETE FROM message WHERE rid = :rid", use(rid, "rid"));
-    return std::ssize(old);
+    return m_statements.run(queries::RemoveOldMessages, use(time, "before"), use(most, "most"));
 }
 
 void SqlStore::addMail(const Mail& m) {

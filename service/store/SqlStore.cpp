@@ -6,10 +6,12 @@
 
 namespace disclosure {
 
-SqlStore::SqlStore(std::unique_ptr<soci::session> sql, std::string beginWrite, std::mutex& writers)
+SqlStore::SqlStore(std::unique_ptr<soci::session> sql, std::string beginWrite, std::mutex& writers,
+                   std::function<void()> afterCommit)
     : m_sql(std::move(sql)),
       m_statements(*m_sql),
       m_beginWrite(std::move(beginWrite)),
+      m_afterCommit(std::move(afterCommit)),
       m_writing(writers, std::defer_lock) {}
 
 SqlStore::~SqlStore() = default;
@@ -30,8 +32,10 @@ void SqlStore::begin(Access access) {
 
 void SqlStore::commit() {
     m_statements.run("COMMIT");
-    if (m_writing.owns_lock())
-        m_writing.unlock();
+    if (!m_writing.owns_lock())
+        return;
+    m_writing.unlock();
+    m_afterCommit();
 }
 
 void SqlStore::rollback() noexcept {

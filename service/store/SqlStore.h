@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <soci/soci.h>
@@ -15,8 +16,10 @@ namespace disclosure {
 class SqlStore final : public IStore {
 public:
     /// `beginWrite` is the statement that begins a writing transaction. `writers` lets the writers of this process
-    /// queue in order instead of polling the database's lock; it must outlive the store.
-    SqlStore(std::unique_ptr<soci::session> sql, std::string beginWrite, std::mutex& writers);
+    /// queue in order instead of polling the database's lock; it must outlive the store. `afterCommit` follows a
+    /// writing transaction, when the next may begin.
+    SqlStore(std::unique_ptr<soci::session> sql, std::string beginWrite, std::mutex& writers,
+             std::function<void()> afterCommit);
     ~SqlStore() override;
 
     void begin(Access access) override;
@@ -64,20 +67,25 @@ public:
     void addCatalog(const Catalog& catalog) override;
     void renameCatalog(const std::string& deptId, const std::string& id, const std::string& name) override;
     void placeCatalog(const std::string& deptId, const std::string& id, std::int32_t sort) override;
-    void removeCatalog(const std::string& deptId, const std::string& id) override;
+    bool isGoing(const std::string& deptId, const std::string& id) override;
+    void removeCatalog(const Catalog& catalog, const LogEntry& entry) override;
+    bool isAnyGoing() override;
+    void clearRemoved(std::int64_t most) override;
 
     TaskPage pageTasks(const TaskFilter& filter) override;
     OwnTaskPage pageOwnTasks(const OwnTaskFilter& filter) override;
     std::optional<Task> task(const std::string& deptId, const std::string& id) override;
     std::vector<TaskKey> tasksOfPerson(const std::string& username, const std::string& id) override;
-    bool isOfOrganisation(const std::string& username, const std::string& deptId) override;
+    std::vector<std::string> strangers(const std::vector<std::string>& usernames, const std::string& deptId) override;
     void addTask(const Task& task) override;
     void addTasks(const std::string& deptId, const std::function<bool(Task&)>& next) override;
-    void putTask(const Task& task) override;
-    void removeTask(const TaskKey& key) override;
+    void putTask(const Task& task, const Task& before) override;
+    void removeTasks(const std::vector<TaskKey>& keys, const LogEntry& entry) override;
     void addLog(const LogEntry& entry) override;
-    void addLogForSubtree(const LogEntry& entry, const std::string& catalogId) override;
-    std::vector<LogEntry> logOf(const std::string& deptId, const std::string& taskId) override;
+    std::vector<LogEntry> logOf(const LogFilter& filter) override;
+    std::optional<LogEntry> logEntry(const std::string& deptId, const std::string& taskId,
+                                     const std::string& id) override;
+    std::int64_t clientEntries(const std::string& deptId, const std::string& taskId, std::int64_t most) override;
     std::optional<PushConfig> pushConfig(const std::string& deptId) override;
     std::vector<PushConfig> pushConfigsOfMember(const std::string& username, const std::string& id) override;
     void putPushConfig(const PushConfig& config) override;
@@ -129,14 +137,28 @@ private:
     std::vector<Task> readTasks(const std::string& deptId, const std::vector<std::int64_t>& rids);
     /// Runs a statement that names every column of a task.
     void writeTask(const char* statement, const Task& task);
-    /// Writes the task's lists in place of those there are.
-    void replaceLists(const Task& task);
-    /// Writes them for the task of this number, which has none.
-    void addLists(const Task& task, std::int64_t rid);
+    /// Writes what differs between the task's lists and those before, for the task of this number.
+    void writeLists(const Task& task, const Task& before, std::int64_t rid);
+    template <class Element, class Same, class Bind>
+    void writeList(const Task& task, std::int64_t rid, const char* remove, const char* add,
+                   const std::vector<Element>& list, const std::vector<Element>& before, Same&& same, Bind&& bind);
+    /// Clears away some tasks of the removal; else some of its catalogs; else the removal itself.
+    void clear(std::int64_t removal, std::int64_t most);
+    /// Removes the tasks with these numbers, all of the entry's department, and notes it for each.
+    void clearTasks(const std::vector<std::int64_t>& rids, const LogEntry& entry);
+    /// Clears away one task that has gone with its catalog, before its turn.
+    void clearNow(const std::string& deptId, std::int64_t rid);
+    template <class... Used>
+    std::vector<LogEntry> readLog(const char* query, const std::string& deptId, const std::string& taskId,
+                                  Used&&... used);
+    /// How many tasks of the whole department have the filter's status.
+    std::int64_t countOfStatus(const TaskFilter& filter);
+    std::int64_t countOfOwn(const OwnTaskFilter& filter);
     template <class... Used>
     std::vector<PushConfig> readPushConfigs(const char* query, Used&&... used);
     std::vector<Mail> readMails(const char* query, std::int64_t time, const char* name, std::int64_t most);
-    std::optional<TaskScope> scopeOf(const TaskFilter& filter);
+    /// May narrow the filter to the department's top catalog.
+    std::optional<TaskScope> scopeOf(TaskFilter& filter);
     TaskPlan::Path bestPath(const TaskPlan& plan, const TaskScope& scope);
     /// Runs a statement made for one filter; returns its only column.
     std::vector<std::int64_t> readNumbers(const TaskSql& sql);
@@ -155,6 +177,7 @@ private:
     std::unique_ptr<soci::session> m_sql;
     Statements m_statements;
     std::string m_beginWrite;
+    std::function<void()> m_afterCommit;
     std::unique_lock<std::mutex> m_writing;
 };
 

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "service/store/Queries.h"
 #include "service/store/SqlStore.h"
 
@@ -16,19 +18,35 @@ void SqlStore::addLog(const LogEntry& e) {
         use(e.sourceMd5, "smd5"), use(e.sourceSize, "ssize"), use(e.sourceExtension, "sext"));
 }
 
-void SqlStore::addLogForSubtree(const LogEntry& e, const std::string& catalogId) {
-    m_statements.run(queries::LogSubtreeTasks, use(catalogId, "id"), use(e.deptId, "dept"), use(e.id, "log"),
-                     use(e.username, "username"), use(e.time, "time"), use(e.kind, "kind"));
-}
-
-std::vector<LogEntry> SqlStore::logOf(const std::string& deptId, const std::string& taskId) {
+template <class... Used>
+std::vector<LogEntry> SqlStore::readLog(const char* query, const std::string& deptId, const std::string& taskId,
+                                        Used&&... used) {
     LogEntry e;
     e.deptId = deptId;
     e.taskId = taskId;
-    return m_statements.list(queries::LogOfTask, e, into(e.id), into(e.username), into(e.time), into(e.kind),
-                             into(e.sourceId), into(e.sourceName), into(e.sourceUuid), into(e.sourceMd5),
-                             into(e.sourceSize), into(e.sourceExtension), into(e.realname), into(e.headUuid),
-                             use(deptId, "dept"), use(taskId, "id"));
+    return m_statements.list(query, e, into(e.id), into(e.username), into(e.time), into(e.kind), into(e.sourceId),
+                             into(e.sourceName), into(e.sourceUuid), into(e.sourceMd5), into(e.sourceSize),
+                             into(e.sourceExtension), into(e.realname), into(e.headUuid), use(deptId, "dept"),
+                             use(taskId, "id"), std::forward<Used>(used)...);
+}
+
+std::vector<LogEntry> SqlStore::logOf(const LogFilter& f) {
+    auto entries = readLog(queries::LogOfTask, f.deptId, f.taskId, use(f.kind, "kind"), use(f.username, "person"),
+                           use(f.limit, "limit"), use(f.offset, "offset"));
+    std::reverse(entries.begin(), entries.end());
+    return entries;
+}
+
+std::optional<LogEntry> SqlStore::logEntry(const std::string& deptId, const std::string& taskId,
+                                           const std::string& id) {
+    auto found = readLog(queries::LogEntryById, deptId, taskId, use(id, "log"));
+    if (found.empty())
+        return std::nullopt;
+    return std::move(found.front());
+}
+
+std::int64_t SqlStore::clientEntries(const std::string& deptId, const std::string& taskId, std::int64_t most) {
+    return readNumber(queries::ClientEntries, use(deptId, "dept"), use(taskId, "id"), use(most, "most"));
 }
 
 template <class... Used>

@@ -1,3 +1,8 @@
+#include <algorithm>
+#include <functional>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+#include <tuple>
 #include <unordered_map>
 
 #include "service/store/NameIndex.h"
@@ -24,11 +29,25 @@ constexpr auto UpdateTask =
     "updated_by = :by, updated_at = :at, confirmed_at = :confirmed, confirm_remark = :confirm, urged_at = :urged "
     "WHERE dept_id = :dept AND task_id = :id";
 
-std::string listed(const std::vector<std::int64_t>& rids) {
-    std::string text;
-    for (const std::int64_t rid : rids)
-        text += (text.empty() ? "" : ",") + std::to_string(rid);
-    return text;
+/// What no index knows, as long as nothing else has changed: the parts that progress without a new state.
+constexpr auto UpdateProgress =
+    "UPDATE task SET remark = :remark, updated_by = :by, updated_at = :at, confirmed_at = :confirmed, "
+    "confirm_remark = :confirm, urged_at = :urged WHERE dept_id = :dept AND task_id = :id";
+
+/// What the indexes and triggers know of the task, but for the time of its last change.
+auto knownOf(const Task& t) {
+    return std::tie(t.catalogId, t.name, t.discloser, t.constructionStart, t.constructionEnd, t.planDisclosure,
+                    t.actualDisclosure, t.expiry, t.published);
+}
+
+std::string jsonOf(const std::vector<std::string>& texts) {
+    rapidjson::StringBuffer buffer;
+    rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+    writer.StartArray();
+    for (const std::string& text : texts)
+        writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
+    writer.EndArray();
+    return {buffer.GetString(), buffer.GetSize()};
 }
 
 /// `each` runs a query, given what is called after each row and what the row goes to.
@@ -125,20 +144,33 @@ std::vector<TaskKey> SqlStore::tasksOfPerson(const std::string& username, const 
                              use(username, "username"), use(id, "id"));
 }
 
-bool SqlStore::isOfOrganisation(const std::string& username, const std::string& deptId) {
-    // Most are of the department itself, and that is told without going up and down the tree.
-    return readNumber(queries::MemberOf, use(deptId, "dept"), use(username, "username")) > 0 ||
-           readNumber(queries::SameOrganisation, use(username, "username"), use(deptId, "dept")) > 0;
+std::vector<std::string> SqlStore::strangers(const std::vector<std::string>& usernames, const std::string& deptId) {
+    if (usernames.empty())
+        return {};
+    const std::string people = jsonOf(usernames);
+    std::string username;
+    return m_statements.list(queries::Strangers, username, into(username), use(people, "people"), use(deptId, "dept"));
 }
 
 void SqlStore::addTask(const Task& task) {
+    std::int64_t rid = 0;
+    // Its id may be that of a task that has gone with its catalog.
+    if (m_statements.one(queries::StoredTaskRid, into(rid), use(task.deptId, "dept"), use(task.id, "id")))
+        clearNow(task.deptId, rid);
     writeTask(InsertTask, task);
-    addLists(task, readNumber(queries::TaskRid, use(task.deptId, "dept"), use(task.id, "id")));
+    writeLists(task, {}, readNumber("SELECT last_insert_rowid()"));
 }
 
-void SqlStore::putTask(const Task& task) {
-    writeTask(UpdateTask, task);
-    replaceLists(task);
+void SqlStore::putTask(const Task& task, const Task& before) {
+    const bool progresses = knownOf(task) == knownOf(before) && task.state() == before.state();
+    if (progresses)
+        m_statements.run(UpdateProgress, use(task.remark, "remark"), use(task.updatedBy, "by"),
+                         use(task.updatedAt, "at"), use(task.confirmedAt, "confirmed"),
+                         use(task.confirmRemark, "confirm"), use(task.urgedAt, "urged"), use(task.deptId, "dept"),
+                         use(task.id, "id"));
+    else
+        writeTask(UpdateTask, task);
+    writeLists(task, before, task.rid);
 }
 
 void SqlStore::writeTask(const char* statement, const Task& t) {
@@ -151,55 +183,109 @@ void SqlStore::writeTask(const char* statement, const Task& t) {
                      use(t.confirmRemark, "confirm"), use(t.urgedAt, "urged"));
 }
 
-void SqlStore::removeTask(const TaskKey& key) {
-    m_statements.run("DELETE FROM task WHERE dept_id = :dept AND rid = :rid", use(key.deptId, "dept"),
-                     use(key.rid, "rid"));
+void SqlStore::removeTasks(const std::vector<TaskKey>& keys, const LogEntry& entry) {
+    std::vector<std::int64_t> rids;
+    for (const TaskKey& key : keys)
+        rids.push_back(key.rid);
+    clearTasks(rids, entry);
 }
 
-void SqlStore::replaceLists(const Task& task) {
-    for (const char* table : {"task_receiver", "task_viewport", "task_node", "task_doc", "task_attachment"})
-        m_statements.run(std::string("DELETE FROM ") + table + " WHERE dept_id = :dept AND task_rid = :rid",
-                         use(task.deptId, "dept"), use(task.rid, "rid"));
-    addLists(task, task.rid);
+void SqlStore::clearTasks(const std::vector<std::int64_t>& rids, const LogEntry& entry) {
+    const std::string in = " WHERE +dept_id = :dept AND rid IN (" + listed(rids) + ")";
+    m_statements.runOnce(
+        "INSERT INTO task_log (dept_id, task_id, log_id, username, op_time, kind, source_name) SELECT dept_id, "
+        "task_id, "
+        ":log || '-' || rid, :username, :time, :kind, name FROM task" +
+            in,
+        use(entry.id, "log"), use(entry.username, "username"), use(entry.time, "time"), use(entry.kind, "kind"),
+        use(entry.deptId, "dept"));
+    m_statements.runOnce("DELETE FROM task" + in, use(entry.deptId, "dept"));
 }
 
-void SqlStore::addLists(const Task& task, std::int64_t rid) {
-    const auto bind = [&](soci::statement& statement, const int& position, auto&&... own) {
+void SqlStore::clearNow(const std::string& deptId, std::int64_t rid) {
+    LogEntry entry;
+    std::int64_t removal = 0;
+    if (!m_statements.one(queries::RemovalOfTask, into(removal), into(entry.id), into(entry.username), into(entry.time),
+                          use(deptId, "dept"), use(rid, "rid")))
+        return;
+    entry.deptId = deptId;
+    entry.kind = LogEntry::Deleted;
+    clearTasks({rid}, entry);
+    m_statements.run("UPDATE removal SET tasks = tasks - 1 WHERE rid = :removal", use(removal, "removal"));
+}
+
+template <class Element, class Same, class Bind>
+void SqlStore::writeList(const Task& task, std::int64_t rid, const char* remove, const char* add,
+                         const std::vector<Element>& list, const std::vector<Element>& before, Same&& same,
+                         Bind&& bind) {
+    std::vector<int> gone;
+    std::vector<int> come;
+    for (std::size_t i = 0; i < std::max(list.size(), before.size()); ++i) {
+        if (i < list.size() && i < before.size() && same(list[i], before[i]))
+            continue;
+        if (i < before.size())
+            gone.push_back(static_cast<int>(i));
+        if (i < list.size())
+            come.push_back(static_cast<int>(i));
+    }
+    const auto bindKey = [&](soci::statement& statement, const int& position) {
         statement.exchange(use(task.deptId, "dept"));
         statement.exchange(use(rid, "rid"));
         statement.exchange(use(position, "position"));
-        (statement.exchange(own), ...);
     };
-    m_statements.runEach("INSERT INTO task_receiver VALUES (:dept, :rid, :position, :id, :username, :confirmed)",
-                         task.receivers, [&](auto& statement, const TaskReceiver& r, const int& position) {
-                             bind(statement, position, use(r.id, "id"), use(r.username, "username"),
-                                  use(r.confirmedAt, "confirmed"));
-                         });
-    m_statements.runEach("INSERT INTO task_viewport VALUES (:dept, :rid, :position, :id, :ppid, :target)",
-                         task.viewports, [&](auto& statement, const TaskViewport& v, const int& position) {
-                             bind(statement, position, use(v.id, "id"), use(v.ppid, "ppid"),
-                                  use(v.viewportId, "target"));
-                         });
-    m_statements.runEach("INSERT INTO task_node VALUES (:dept, :rid, :position, :id, :ppid, :target)", task.nodes,
-                         [&](auto& statement, const TaskNode& n, const int& position) {
-                             bind(statement, position, use(n.id, "id"), use(n.ppid, "ppid"), use(n.nodeId, "target"));
-                         });
-    m_statements.runEach(
-        "INSERT INTO task_doc VALUES (:dept, :rid, :position, :id, :ppid, :name, :uuid, :md5, :size, :extension, "
-        ":source, :ref)",
-        task.docs, [&](auto& statement, const TaskDoc& d, const int& position) {
-            bind(statement, position, use(d.id, "id"), use(d.ppid, "ppid"), use(d.name, "name"), use(d.uuid, "uuid"),
-                 use(d.md5, "md5"), use(d.size, "size"), use(d.extension, "extension"), use(d.sourceType, "source"),
-                 use(d.refDocId, "ref"));
-        });
-    m_statements.runEach(
-        "INSERT INTO task_attachment VALUES (:dept, :rid, :position, :id, :name, :uuid, :md5, :size, :extension, "
-        ":thumb, :thumbmd5, :thumbsize)",
-        task.attachments, [&](auto& statement, const TaskAttachment& f, const int& position) {
-            bind(statement, position, use(f.id, "id"), use(f.name, "name"), use(f.uuid, "uuid"), use(f.md5, "md5"),
-                 use(f.size, "size"), use(f.extension, "extension"), use(f.thumbnailUuid, "thumb"),
-                 use(f.thumbnailMd5, "thumbmd5"), use(f.thumbnailSize, "thumbsize"));
-        });
+    m_statements.runEach(remove, before, gone, [&](soci::statement& statement, const Element&, const int& position) {
+        bindKey(statement, position);
+    });
+    m_statements.runEach(add, list, come, [&](soci::statement& statement, const Element& element, const int& position) {
+        bindKey(statement, position);
+        bind(statement, element);
+    });
 }
+
+#define DISCLOSURE_FORGET(list) \
+    "DELETE FROM " list " WHERE dept_id = :dept AND task_rid = :rid AND position = :position"
+void SqlStore::writeLists(const Task& task, const Task& before, std::int64_t rid) {
+    const auto exchange = [](soci::statement& statement, auto&&... own) { (statement.exchange(own), ...); };
+    const int published = task.published ? 1 : 0;
+    writeList(
+        task, rid, DISCLOSURE_FORGET("task_receiver"),
+        "INSERT INTO task_receiver (dept_id, task_rid, position, receiver_id, username, confirmed_at, shown) VALUES "
+        "(:dept, :rid, :position, :id, :username, :confirmed, CASE WHEN :published = 0 THEN 0 WHEN :username = "
+        ":discloser THEN 2 ELSE 1 END)",
+        task.receivers, before.receivers,
+        [](const TaskReceiver& a, const TaskReceiver& b) { return a == b && a.confirmedAt == b.confirmedAt; },
+        [&](soci::statement& statement, const TaskReceiver& r) {
+            exchange(statement, use(r.id, "id"), use(r.username, "username"), use(r.confirmedAt, "confirmed"),
+                     use(published, "published"), use(task.discloser, "discloser"));
+        });
+    writeList(task, rid, DISCLOSURE_FORGET("task_viewport"),
+              "INSERT INTO task_viewport VALUES (:dept, :rid, :position, :id, :ppid, :target)", task.viewports,
+              before.viewports, std::equal_to<>(), [&](soci::statement& statement, const TaskViewport& v) {
+                  exchange(statement, use(v.id, "id"), use(v.ppid, "ppid"), use(v.viewportId, "target"));
+              });
+    writeList(task, rid, DISCLOSURE_FORGET("task_node"),
+              "INSERT INTO task_node VALUES (:dept, :rid, :position, :id, :ppid, :target)", task.nodes, before.nodes,
+              std::equal_to<>(), [&](soci::statement& statement, const TaskNode& n) {
+                  exchange(statement, use(n.id, "id"), use(n.ppid, "ppid"), use(n.nodeId, "target"));
+              });
+    writeList(task, rid, DISCLOSURE_FORGET("task_doc"),
+              "INSERT INTO task_doc VALUES (:dept, :rid, :position, :id, :ppid, :name, :uuid, :md5, :size, :extension, "
+              ":source, :ref)",
+              task.docs, before.docs, std::equal_to<>(), [&](soci::statement& statement, const TaskDoc& d) {
+                  exchange(statement, use(d.id, "id"), use(d.ppid, "ppid"), use(d.name, "name"), use(d.uuid, "uuid"),
+                           use(d.md5, "md5"), use(d.size, "size"), use(d.extension, "extension"),
+                           use(d.sourceType, "source"), use(d.refDocId, "ref"));
+              });
+    writeList(task, rid, DISCLOSURE_FORGET("task_attachment"),
+              "INSERT INTO task_attachment VALUES (:dept, :rid, :position, :id, :name, :uuid, :md5, :size, :extension, "
+              ":thumb, :thumbmd5, :thumbsize)",
+              task.attachments, before.attachments, std::equal_to<>(),
+              [&](soci::statement& statement, const TaskAttachment& f) {
+                  exchange(statement, use(f.id, "id"), use(f.name, "name"), use(f.uuid, "uuid"), use(f.md5, "md5"),
+                           use(f.size, "size"), use(f.extension, "extension"), use(f.thumbnailUuid, "thumb"),
+                           use(f.thumbnailMd5, "thumbmd5"), use(f.thumbnailSize, "thumbsize"));
+              });
+}
+#undef DISCLOSURE_FORGET
 
 }  // namespace disclosure

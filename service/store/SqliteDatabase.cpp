@@ -14,6 +14,7 @@
 #include "service/store/Migrations.h"
 #include "service/store/NameIndex.h"
 #include "service/store/SqlStore.h"
+#include "service/store/WriteAheadLog.h"
 
 namespace disclosure {
 
@@ -21,10 +22,11 @@ namespace {
 
 constexpr auto BeginWrite = "BEGIN IMMEDIATE";
 /// For one try; `changing` makes a few.
-constexpr std::chrono::milliseconds Patience{2'500};
+constexpr std::chrono::milliseconds Patience{1'000};
 // SQLITE_BUSY and SQLITE_FULL; SOCI keeps SQLite's header to itself.
 constexpr int Busy = 5;
 constexpr int Full = 13;
+constexpr std::int64_t LargestLog = 64LL * 1024 * 1024;
 
 /// The code without what is added to it in particular cases.
 int codeOf(const soci::sqlite3_soci_error& error) {
@@ -49,7 +51,7 @@ void makeFile(const std::string& path) {
 /// A new file turns to the write-ahead log only while nobody else holds it, and SQLite does not wait for that moment by
 /// itself: processes that start together on a new file would refuse each other.
 void useWriteAheadLog(soci::session& sql) {
-    const auto until = std::chrono::steady_clock::now() + 4 * Patience;
+    const auto until = std::chrono::steady_clock::now() + 10 * Patience;
     for (;;) {
         try {
             sql << "PRAGMA journal_mode = WAL";
@@ -67,6 +69,8 @@ std::unique_ptr<soci::session> open(const std::string& path) {
     *sql << "PRAGMA busy_timeout = " << Patience.count();
     useWriteAheadLog(*sql);
     *sql << "PRAGMA synchronous = FULL";
+    // What a long transaction has made of the log is cut off once it has been carried over.
+    *sql << "PRAGMA journal_size_limit = " << LargestLog;
     *sql << "PRAGMA foreign_keys = ON";
     // Kibibytes of a connection: enough for the inner pages of every index of a million tasks.
     *sql << "PRAGMA cache_size = -16384";
@@ -106,11 +110,16 @@ std::unique_ptr<IStore> SqliteDatabase::connect() {
     auto sql = open(m_path);
     if (m_path == ":memory:")
         migrateSqlite(*sql, -1);
-    return std::make_unique<SqlStore>(std::move(sql), BeginWrite, m_writers);
+    auto* backend = static_cast<soci::sqlite3_session_backend*>(sql->get_backend());
+    const auto log = std::make_shared<WriteAheadLog>(reinterpret_cast<::sqlite3*>(backend->conn_), LargestLog);
+    return std::make_unique<SqlStore>(std::move(sql), BeginWrite, m_writers, [log] { log->carryOver(); });
 }
 
 int SqliteDatabase::migrate(int version) {
-    return migrateSqlite(*open(m_path), version);
+    // Another process may be taking a long step.
+    const auto sql = open(m_path);
+    *sql << "PRAGMA busy_timeout = 60000";
+    return migrateSqlite(*sql, version);
 }
 
 int migrateSqlite(soci::session& sql, int version) {

@@ -4,6 +4,13 @@
 
 namespace disclosure {
 
+std::string listed(const std::vector<std::int64_t>& numbers) {
+    std::string text;
+    for (const std::int64_t number : numbers)
+        text += (text.empty() ? "" : ",") + std::to_string(number);
+    return text;
+}
+
 Statements::Kept::Kept(Statements& owner, std::string_view text)
     : m_owner(owner), m_failuresBefore(std::uncaught_exceptions()) {
     std::string key(text);

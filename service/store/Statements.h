@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <soci/soci.h>
 #include <string>
 #include <string_view>
@@ -8,6 +9,9 @@
 #include <vector>
 
 namespace disclosure {
+
+/// The numbers as they stand in the brackets after IN.
+std::string listed(const std::vector<std::int64_t>& numbers);
 
 /// The statements of one connection. Those that are known beforehand are compiled at their first use and kept, because
 /// compiling costs more than most of them take to run. What is bound is given by soci::into and soci::use, called
@@ -25,19 +29,32 @@ public:
         return statement->get_affected_rows();
     }
 
-    /// Runs a statement for every element of a list. `bind` gives it, by its `exchange`, what refers to the element in
-    /// turn and to its position.
+    /// As `run`, for a text that is made for one call.
+    template <class... Bound>
+    void runOnce(const std::string& text, Bound&&... bound) {
+        soci::statement statement(m_sql);
+        statement.alloc();
+        statement.prepare(text);
+        (statement.exchange(bound), ...);
+        statement.define_and_bind();
+        statement.execute(true);
+    }
+
+    /// Runs a statement for the elements of a list at the positions given. `bind` gives it, by its `exchange`, what
+    /// refers to the element in turn and to its position.
     template <class Element, class Bind>
-    void runEach(std::string_view text, const std::vector<Element>& elements, Bind&& bind) {
-        if (elements.empty())
+    void runEach(std::string_view text, const std::vector<Element>& elements, const std::vector<int>& positions,
+                 Bind&& bind) {
+        if (positions.empty())
             return;
         Element element;
         int position = 0;
         Kept statement(*this, text);
         bind(*statement, std::as_const(element), std::as_const(position));
         statement->define_and_bind();
-        for (; position < std::ssize(elements); ++position) {
-            element = elements[static_cast<std::size_t>(position)];
+        for (const int next : positions) {
+            position = next;
+            element = elements[static_cast<std::size_t>(next)];
             statement->execute(true);
         }
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "service/store/NameIndex.h"
+#include "service/store/Queries.h"
 
 namespace disclosure {
 
@@ -109,6 +110,8 @@ std::string TaskPlan::conditions(Path path) const {
                 std::to_string(m_filter.from) + " AND " + std::to_string(m_filter.to);
     if (!m_keyword.empty() && !(path == Path::Names && gramQueryIsExact(m_keyword)))
         text += " AND INSTR(t.search_name, :keyword) > 0";
+    if (m_scope.whole && m_scope.going > 0)
+        text += queries::AndIsThere;
     return text;
 }
 
@@ -135,12 +138,13 @@ TaskSql TaskPlan::probe(Path path, std::int64_t most) const {
     if (path == Path::Names)
         return statement("SELECT COUNT(*) FROM (SELECT 1 FROM task_gram g WHERE g.task_gram MATCH :grams" + limit);
     alone.keyword.clear();
-    const TaskPlan plan(alone, {true, false, 0, 0});
+    const TaskPlan plan(alone, {true, false, 0, 0, 0});
     return plan.statement("SELECT COUNT(*) FROM (SELECT 1 " + plan.from(path) + plan.conditions(path) + limit);
 }
 
 TaskSql TaskPlan::count(Path path) const {
-    const bool namesAlone = path == Path::Names && m_paths.size() == 1 && gramQueryIsExact(m_keyword);
+    const bool namesAlone =
+        path == Path::Names && m_paths.size() == 1 && gramQueryIsExact(m_keyword) && m_scope.going == 0;
     if (namesAlone)
         return statement("SELECT COUNT(*) FROM task_gram g WHERE g.task_gram MATCH :grams");
     return statement(with() + "SELECT COUNT(*) " + from(path) + conditions(path));
@@ -154,7 +158,7 @@ bool TaskPlan::isOrdered(Path path) const {
 
 TaskSql TaskPlan::page(Path path, std::int64_t total) const {
     const Column order = columnOf(m_filter.order);
-    const bool walk = total * Dense >= m_scope.departmentTasks && !isOrdered(path);
+    const bool walk = total * Dense >= m_scope.departmentTasks + m_scope.going && !isOrdered(path);
     std::string text = with() + "SELECT t.rid " +
                        (walk ? std::string("FROM task t INDEXED BY ") + order.index + " WHERE " : from(path)) +
                        conditions(walk ? Path::Catalog : path);

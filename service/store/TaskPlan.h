@@ -21,6 +21,7 @@ struct TaskScope {
     bool single = false;  // all the tasks are directly in the catalog
     std::int64_t tasks = 0;
     std::int64_t departmentTasks = 0;
+    std::int64_t going = 0;  // tasks of the department that went with their catalog and are still to be cleared away
 };
 
 /// How the tasks of one filter are found. Every statement names the index it reads, so that no statistics can talk the
@@ -34,6 +35,8 @@ public:
 
     /// Whether anything but the catalog is asked for.
     bool isFiltered() const { return !m_paths.empty() && m_paths.back() != Path::Catalog; }
+    /// Whether nothing but a status is asked for, of the whole department.
+    bool isStatusOfAll() const { return m_paths.size() == 1 && m_paths.front() == Path::Status && m_scope.going == 0; }
     /// The ways to the tasks, the likely best first.
     const std::vector<Path>& paths() const { return m_paths; }
     /// The number of tasks that lie on the way, counted up to `most`.

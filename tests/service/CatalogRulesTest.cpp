@@ -48,17 +48,6 @@ TEST_F(CatalogRules, ListsParentsBeforeChildrenAndSiblingsInOrder) {
     EXPECT_EQ(childrenOf(Top), (std::vector<std::string>{"土建工程", "机电安装", "装饰装修", "安全文明施工"}));
 }
 
-TEST_F(CatalogRules, FirstCatalogsOfADepartmentAreGivenIdsByTheService) {
-    Client second = service.loggedIn("second");
-    EXPECT_TRUE(list(SecondDept).empty());
-    EXPECT_EQ(second.post(SavePath, saveBody(SecondDept, "", "全部", "")).code(), 200);
-    EXPECT_EQ(second.post(SavePath, saveBody(SecondDept, "", "全部", "")).code(), 409);
-    const auto found = list(SecondDept);
-    ASSERT_EQ(found.size(), 1U);
-    EXPECT_EQ(found[0].id.size(), 36U);
-    EXPECT_EQ(second.post(SavePath, saveBody(SecondDept, "", "技术交底", found[0].id)).code(), 200);
-}
-
 TEST_F(CatalogRules, ARepeatedSaveIsNoErrorAndADifferentOneIs) {
     EXPECT_EQ(save("new", "屋面工程", Top), 200);
     EXPECT_EQ(save("new", " 屋面工程　", Top), 200) << "the same once the blanks are off";
@@ -138,7 +127,9 @@ TEST_F(CatalogRules, DeleteTakesTheSubtreeAndItsTasksOrNothing) {
 
     EXPECT_EQ(remove("demo-catalog-3", 0).code(), 409);
     EXPECT_EQ(demo.del(DeletePath, R"({"id":"demo-catalog-3"})").code(), 409) << "the flag is off when absent";
+    EXPECT_EQ(service.loggedIn("editor").del(DeletePath, R"({"id":"demo-catalog-3","isContainsTask":1})").code(), 403);
     EXPECT_EQ(list().size(), 29U);
+    EXPECT_EQ(service.number("SELECT COUNT(*) FROM task_log"), 0);
     EXPECT_EQ(remove("demo-catalog-3", 1).code(), 200);
     EXPECT_EQ(list().size(), 25U);
     EXPECT_EQ(service.number("SELECT COUNT(*) FROM task"), 1);
@@ -153,8 +144,11 @@ TEST_F(CatalogRules, DeleteTakesTheSubtreeAndItsTasksOrNothing) {
 TEST_F(CatalogRules, OneIdInTwoDepartmentsStaysApart) {
     Client second = service.loggedIn("second");
     ASSERT_EQ(second.post(SavePath, saveBody(SecondDept, Top, "全部", "")).code(), 200);
+    EXPECT_EQ(second.post(SavePath, saveBody(SecondDept, "", "另一", "")).code(), 409) << "a second top";
+    EXPECT_EQ(second.post(SavePath, saveBody(SecondDept, "", "技术交底", Top)).code(), 200);
+    EXPECT_EQ(list(SecondDept).back().id.size(), 36U) << "given by the service";
     EXPECT_EQ(save("mine", "我的", Top), 200);
-    EXPECT_EQ(list(SecondDept).size(), 1U);
+    EXPECT_EQ(list(SecondDept).size(), 2U);
     EXPECT_EQ(second.del(DeletePath, R"({"id":"demo-catalog-1","isContainsTask":1})").code(), 200);
     EXPECT_EQ(list().size(), 30U);
 }

@@ -76,11 +76,11 @@ TEST_F(MailTest, IsSentOnceAndNotWhereItIsNoLongerNeeded) {
     });
     alter("plan", [](Task& task) { task.published = false; });
     alter("moved", [](Task& task) { task.planDisclosure += Day; });
-    store->removeTask({store->task(DemoDept, "deleted")->rid, DemoDept, "deleted"});
+    remove("deleted");
     Person sunli = store->person("sunli").value();
     sunli.mail.clear();
     store->putPerson(sunli);
-    store->removeTask({store->task(DemoDept, "addressless")->rid, DemoDept, "addressless"});
+    remove("addressless");
     EXPECT_EQ(send(sender), 1);
     EXPECT_THAT(sender.taken(), ElementsAre("zhoujie@demo.example"));
     remindOf("off", {"zhoujie"});

@@ -78,10 +78,10 @@ TEST_F(MessageTest, AreMarkedReadByTheirOwnersOnly) {
 
 TEST_F(MessageTest, TellOfTheTaskAsItIsNow) {
     remindOf("a");
-    Task task = store->task(DemoDept, "a").value();
-    task.name = "改名";
-    task.receivers.erase(task.receivers.begin());
-    store->putTask(task);
+    alterTask(*store, "a", [](Task& task) {
+        task.name = "改名";
+        task.receivers.erase(task.receivers.begin());
+    });
     const auto seen = [&](const std::string& username) {
         const auto json = page(username);
         const auto& message = json["result"]["result"][0];
@@ -91,11 +91,10 @@ TEST_F(MessageTest, TellOfTheTaskAsItIsNow) {
     };
     EXPECT_EQ(seen("liuyang"), "a/改名/demo-catalog-4") << "a member, though no longer a receiver";
     EXPECT_EQ(seen("zhoujie"), "a/改名/demo-catalog-4");
-    task.receivers.clear();
-    store->putTask(task);
+    alterTask(*store, "a", [](Task& task) { task.receivers.clear(); });
     EXPECT_EQ(seen("zhoujie"), "//") << "may no longer see it";
     EXPECT_EQ(seen("chenwei"), "a/改名/demo-catalog-4");
-    store->removeTask({task.rid, DemoDept, "a"});
+    removeTask(*store, "a");
     EXPECT_EQ(seen("chenwei"), "//");
 }
 

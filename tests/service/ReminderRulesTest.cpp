@@ -78,7 +78,7 @@ TEST_F(ReminderTest, OverdueFromTheDeadlineOnUntilDisclosed) {
         for (TaskReceiver& receiver : task.receivers)
             receiver.confirmedAt = 1;
     });
-    store->removeTask({store->task(DemoDept, "b")->rid, DemoDept, "b"});
+    remove("b");
     EXPECT_EQ(remindAt(at(11, 22, 9)), 0) << "disclosed, and deleted";
 }
 
@@ -96,7 +96,7 @@ TEST_F(ReminderTest, OnceOrOnceADay) {
         for (int hour = 0; hour < 10 * 24; hour += 5)
             remindAt(at(11, 21, hour));
         EXPECT_EQ(countOf("zhoujie") - before, row.reminders) << id;
-        store->removeTask({store->task(DemoDept, id)->rid, DemoDept, id});
+        remove(id);
     }
 }
 
@@ -148,6 +148,17 @@ TEST_F(ReminderTest, WhatIsChangedAfterTheDaysRunIsRemindedOfTheSameDay) {
     alter("a", [](Task& task) { task.receivers[0].username = "sunli"; });
     EXPECT_EQ(remind(), 2) << "a new receiver: both kinds";
     EXPECT_EQ(countOf("sunli"), 2U);
+
+    alter("a", [](Task& task) {
+        task.published = false;
+        task.expiry = at(11, 18);
+    });
+    EXPECT_EQ(remind(), 2) << "no longer published: not zhoujie, who belongs to another department";
+    alter("a", [](Task& task) { task.published = true; });
+    EXPECT_EQ(remind(), 1);
+    add(taskFor("overdue", 0, at(11, 1)));
+    EXPECT_EQ(remind(), 3) << "overdue when it came, behind the day's run";
+    remove("overdue");
 
     add(taskFor("late", at(11, 25), 0));
     EXPECT_EQ(remind(), 0);
@@ -263,12 +274,39 @@ TEST_F(ReminderTest, ATaskThatCannotBeRemindedOfHoldsUpNoOther) {
     EXPECT_EQ(countOf("sunli"), 2U);
 }
 
+TEST_F(ReminderTest, ADepartmentThatFailsHoldsUpNoOther) {
+    PushConfig config = configOf(1, 1);
+    config.deptId = SecondDept;
+    store->putPushConfig(config);
+    store->addCatalog({SecondDept, "demo-catalog-4", "全部", ""});
+    Task task = taskFor("other", at(11, 22), 0);
+    add(task);
+    task.deptId = SecondDept;
+    add(task);
+    soci::session(soci::sqlite3, "dbname=" + file)
+        << "CREATE TRIGGER bad BEFORE INSERT ON reminder_run WHEN new.dept_id = 'demo-dept-1' BEGIN SELECT "
+           "RAISE(ABORT, 'bad'); END";
+    EXPECT_EQ(remind(), 3);
+    EXPECT_EQ(number("SELECT COUNT(*) FROM message WHERE dept_id = 'demo-dept-2'"), 3);
+}
+
+TEST_F(ReminderTest, WhatIsOverdueIsNotReadAgainOnAnotherDay) {
+    configure(0, 1);
+    add(taskFor("a", 0, at(11, 1)));
+    EXPECT_EQ(remind(), 3);
+    const auto run = number("SELECT day FROM reminder_run");
+    EXPECT_EQ(remindAt(at(11, 22, 9)), 0);
+    EXPECT_EQ(number("SELECT day FROM reminder_run"), run);
+    add(taskFor("b", 0, at(11, 22)));
+    EXPECT_EQ(remindAt(at(11, 23, 9)), 3) << "overdue since";
+}
+
 TEST_F(ReminderTest, OldMessagesGoAndAreNotMadeAgain) {
     configure(0, 1);
     add(taskFor("a", 0, at(1, 1)));
     add(taskFor("b", 0, at(1, 1)));
     EXPECT_EQ(remindAt(at(1, 10, 9)), 6);
-    store->removeTask({store->task(DemoDept, "b")->rid, DemoDept, "b"});
+    remove("b");
     now = at(1, 10 + settings.keepDays, 9);
     rules.tidy(*store, always);
     EXPECT_EQ(countOf("chenwei"), 2U);

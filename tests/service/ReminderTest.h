@@ -41,6 +41,21 @@ inline Task taskFor(const std::string& id, std::int64_t plan, std::int64_t expir
     return task;
 }
 
+/// Stores what `change` does to the task.
+template <class Change>
+void alterTask(IStore& store, const std::string& id, Change&& change) {
+    const Task before = store.task(DemoDept, id).value();
+    Task task = before;
+    change(task);
+    store.putTask(task, before);
+}
+
+inline void removeTask(IStore& store, const std::string& id) {
+    LogEntry entry;
+    entry.deptId = DemoDept;
+    store.removeTasks({{store.task(DemoDept, id)->rid, DemoDept, id}}, entry);
+}
+
 /// The demonstration's people on a database, with settings that remind of everything, and a clock of the test's.
 class ReminderTest : public ::testing::Test {
 protected:
@@ -56,13 +71,11 @@ protected:
     /// Frequencies; 0 does without.
     void configure(std::int32_t advance, std::int32_t overdue) { store->putPushConfig(configOf(advance, overdue)); }
     void add(const Task& task) { store->addTask(task); }
-    /// Stores what `change` does to the task.
     template <class Change>
     void alter(const std::string& id, Change&& change) {
-        Task task = store->task(DemoDept, id).value();
-        change(task);
-        store->putTask(task);
+        alterTask(*store, id, std::forward<Change>(change));
     }
+    void remove(const std::string& id) { removeTask(*store, id); }
     std::int64_t remind() { return rules.run(*store, always); }
     std::int64_t remindAt(std::int64_t time) {
         now = time;

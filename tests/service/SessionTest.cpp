@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <soci/soci.h>
+#include <soci/sqlite3/soci-sqlite3.h>
 
 #include "tests/service/TestService.h"
 
@@ -72,7 +74,24 @@ TEST_F(Sessions, AUseIsWrittenAtMostOnceAMinute) {
     EXPECT_EQ(seen(), begun);
     service.now += 1;
     client.get(WhoPath);
+    for (int i = 0; i < 2000 && seen() == begun; ++i)  // by the writer, when it is its turn
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
     EXPECT_EQ(seen(), begun + Minute);
+}
+
+TEST_F(Sessions, ReadingAndItsSessionGoOnWhileNobodyCanWrite) {
+    Client client = service.loggedIn("demo");
+    soci::session other(soci::sqlite3, "dbname=" + service.file());
+    other << "BEGIN IMMEDIATE";
+    for (int i = 0; i < 3; ++i) {
+        service.now += 20 * Minute;
+        EXPECT_EQ(client.get(WhoPath).code(), 200) << "the session is in use, though no use could be written";
+    }
+    const Answer answer = client.post(SavePath, saveBody(FirstDept, "", "新", Top));
+    EXPECT_EQ(answer.status, 503);
+    EXPECT_EQ(answer.retryAfter, "1");
+    other << "COMMIT";
+    EXPECT_EQ(client.post(SavePath, saveBody(FirstDept, "", "新", Top)).code(), 200);
 }
 
 TEST_F(Sessions, WrongCredentialsAreRefusedAlikeAndThrottled) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "service/domain/Demo.h"
+#include "service/ports/Changing.h"
 #include "service/store/Migrations.h"
 #include "service/store/NameIndex.h"
 #include "service/store/Queries.h"
@@ -79,6 +80,54 @@ TEST_F(StoreTest, ProcessesMigratingAtOnceTakeEachStepOnce) {
     EXPECT_EQ(taken, static_cast<int>(migrations().size()));
 }
 
+TEST_F(StoreTest, AChangeIsRepeatedWhereAnotherWasInItsWayAndGivenUpInTheEnd) {
+    SqliteDatabase database(file);
+    database.migrate();
+    const auto store = database.connect();
+    for (const int conflicts : {0, 1, 3, 4, 100}) {
+        const std::string id = "d" + std::to_string(conflicts);
+        int tries = 0;
+        const auto change = [&] {
+            store->putDepartment({id, "部门", ""});
+            if (++tries <= conflicts)
+                throw soci::sqlite3_soci_error("database is locked", 5);
+            return tries;
+        };
+        if (conflicts < 4)
+            EXPECT_EQ(changing(*store, change), conflicts + 1);
+        else
+            EXPECT_THROW(changing(*store, change), std::exception);
+        EXPECT_EQ(store->department(id).has_value(), conflicts < 4);
+    }
+    int tries = 0;
+    EXPECT_THROW(changing(*store, [&] { throw std::runtime_error(std::to_string(++tries)); }), std::runtime_error);
+    EXPECT_EQ(tries, 1) << "another failure would be the same again";
+}
+
+TEST_F(StoreTest, TheWriteAheadLogIsCutBackAfterALongTransaction) {
+    SqliteDatabase database(file);
+    database.migrate();
+    seedDemo(*database.connect(), Passwords(Passwords::Cost::Lowest));
+    const auto store = database.connect();
+    const auto reader = database.connect();
+    const auto log = [&] { return std::filesystem::file_size(file + "-wal"); };
+    const auto write = [&](std::size_t megabytes) {
+        changing(*store, [&] {
+            for (std::size_t i = 0; i < megabytes; ++i)
+                store->addMessage({0, FirstDept, "demo", ReminderKind::Advance, std::string(1 << 20, 'x'), "t", 0});
+        });
+    };
+    {
+        const Transaction reading(*reader, IStore::Access::Read);
+        EXPECT_TRUE(reader->isCurrent());
+        write(70);
+        EXPECT_GT(log(), 64U << 20);
+    }
+    write(1);
+    write(1);
+    EXPECT_LE(log(), 64U << 20);
+}
+
 TEST_F(StoreTest, EveryQueryFindsItsRowsByAKey) {
     SqliteDatabase database(file);
     database.migrate();
@@ -114,9 +163,12 @@ TEST_F(StoreTest, EveryQueryFindsItsRowsByAKey) {
     sql << numbers +
                "INSERT INTO catalog (dept_id, catalog_id, parent_id, name, sort, depth) "
                "SELECT 'demo-dept-1', 'n' || i, 'demo-catalog-1', 'n' || i, 100 + i, 2 FROM n";
+    sql << numbers +
+               "INSERT INTO removal (dept_id, log_id, username, removed_at, tasks) SELECT 'd' || i, 'l', '', 0, 1 "
+               "FROM n";
     sql << "INSERT INTO task (dept_id, task_id, catalog_id, name, search_name, discloser) "
            "SELECT dept_id, catalog_id, catalog_id, name, name, name FROM catalog";
-    sql << "INSERT INTO task_receiver SELECT dept_id, rid, 0, task_id, task_id, 0 FROM task";
+    sql << "INSERT INTO task_receiver SELECT dept_id, rid, 0, task_id, task_id, 0, 1 FROM task";
     sql << "INSERT INTO task_log (dept_id, task_id, log_id, username, op_time, kind) "
            "SELECT dept_id, task_id, task_id, '', 0, 1 FROM task";
     for (const char* list : {"task_doc SELECT dept_id, rid, 0, task_id, 1, '', task_id, '', 0, '', 1, ''",

@@ -313,6 +313,66 @@ TEST_F(TaskRules, EveryChangeIsInTheLog) {
         kinds.push_back(entry["opType"].GetInt());
     EXPECT_EQ(kinds, (std::vector<int>{1, 2, 4, 3, 8, 6, 7, 101}));
     EXPECT_STREQ(json["result"][5]["userRealname"].GetString(), "孙丽");
+
+    service.run(
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 9998) INSERT INTO task_log "
+        "(dept_id, task_id, log_id, username, op_time, kind) SELECT 'demo-dept-1', 't', 'n' || i, "
+        "CASE i % 2 WHEN 0 THEN 'demo' ELSE 'sunli' END, 0, 100 FROM n");
+    struct Row {
+        const char* query;
+        std::size_t size;
+        const char* last;
+    };
+    for (const Row& row : {Row{"", 1000, "n9998"}, Row{"?page=2&kind=", 1000, "n8998"}, Row{"?page=11", 6, "l1"},
+                           Row{"?person=sunli", 1000, "n9997"}, Row{"?kind=101&person=demo", 1, "l1"},
+                           Row{"?page=5&person=demo&kind=100", 999, "n1998"}, Row{"?person=nobody", 0, ""}}) {
+        const auto page = demo.get(TaskPath + "list_operation_log_by_taskid/t" + row.query).json();
+        const auto list = page["result"].GetArray();
+        ASSERT_EQ(list.Size(), row.size) << row.query;
+        if (!list.Empty() && *row.last) {
+            EXPECT_STREQ(list[list.Size() - 1]["id"].GetString(), row.last) << row.query;
+        }
+    }
+    for (const char* query : {"?page=0", "?kind=-1", "?page=x"})
+        EXPECT_EQ(demo.get(TaskPath + "list_operation_log_by_taskid/t" + query).status, 400) << query;
+    const auto note = [&](const std::string& id) {
+        return demo.post(TaskPath + "save_operation_log",
+                         R"({"id":")" + id + R"(","disclosureTaskId":"t","opType":101})");
+    };
+    EXPECT_EQ(note("last").code(), 200);
+    EXPECT_EQ(note("more").msg(), "该任务的操作记录已达上限");
+    EXPECT_EQ(note("n1").msg(), "操作记录编号已被使用");
+}
+
+TEST_F(TaskRules, AConfirmationAmongManyWritesOneReceiver) {
+    ASSERT_EQ(save(publishedBody("t")).code(), 200);
+    service.run(
+        "WITH RECURSIVE n(i) AS (SELECT 2 UNION ALL SELECT i + 1 FROM n WHERE i < 499) INSERT INTO task_receiver "
+        "SELECT 'demo-dept-1', (SELECT rid FROM task), i, 'r' || i, 'p' || i, 0, 1 FROM n");
+    service.run("CREATE TABLE written (row INTEGER)");
+    for (const char* change : {"INSERT", "UPDATE", "DELETE"})
+        service.run(std::string("CREATE TRIGGER written_") + change + " AFTER " + change +
+                    " ON task_receiver BEGIN INSERT INTO written VALUES (1); END");
+    EXPECT_EQ(by("sunli", "confirm_by_receive_user", "t").code(), 200);
+    EXPECT_EQ(status("t"), 3);
+    EXPECT_EQ(by("liuyang", "confirm_by_receive_user", "t").code(), 200);
+    EXPECT_EQ(service.number("SELECT COUNT(*) FROM task_receiver WHERE confirmed_at > 0"), 2);
+    EXPECT_LE(service.number("SELECT COUNT(*) FROM written"), 4) << "each away and put back";
+}
+
+TEST_F(TaskRules, TasksOfTwoDepartmentsTakeTheRightInBoth) {
+    const auto store = service.database().connect();
+    ASSERT_EQ(service.loggedIn("second").post(SavePath, saveBody(SecondDept, "c", "全部", "")).code(), 200);
+    service.addTask(FirstDept, "demo-catalog-4", "ours");
+    service.addTask(SecondDept, "c", "theirs");
+    store->putMember(SecondDept, "demo");
+    for (const char* ids : {R"(["ours","theirs"])", R"(["theirs","ours"])", R"(["theirs"])"})
+        EXPECT_EQ(demo.del(TaskPath + "batchdelete", std::string(R"({"ids":)") + ids + "}").code(), 403) << ids;
+    EXPECT_EQ(service.number("SELECT COUNT(*) FROM task"), 2);
+    store->putRights(SecondDept, "demo", {Right::DeleteTasks});
+    EXPECT_EQ(demo.del(TaskPath + "batchdelete", R"({"ids":["ours","theirs"]})").code(), 200);
+    EXPECT_EQ(service.number("SELECT COUNT(*) FROM task"), 0);
+    EXPECT_EQ(service.number("SELECT COUNT(DISTINCT dept_id) FROM task_log WHERE kind = 5"), 2);
 }
 
 TEST_F(TaskRules, RemindersAreSetOnceAndThenChanged) {
