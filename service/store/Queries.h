@@ -70,14 +70,15 @@ inline constexpr auto TasksOfPerson = DISCLOSURE_REACH
     "reach) "
     "OR t.discloser = :username OR (t.published = 1 AND EXISTS (SELECT 1 FROM task_receiver r "
     "WHERE r.dept_id = t.dept_id AND r.task_rid = t.rid AND r.username = :username)))";
-inline constexpr auto MemberOf = "SELECT COUNT(*) FROM member WHERE dept_id = :dept AND username = :username";
+inline constexpr auto MemberOf =
+    "SELECT COUNT(*) FROM member m CROSS JOIN person p WHERE m.dept_id = :dept AND m.username = :username "
+    "AND p.username = m.username AND p.active = 1";
 inline constexpr auto SameOrganisation =
     "WITH RECURSIVE up(dept_id, parent_id, side) AS (SELECT d.dept_id, d.parent_id, 0 FROM department d "
     "WHERE d.dept_id = :dept UNION SELECT d.dept_id, d.parent_id, 1 FROM person p CROSS JOIN member m "
-    "CROSS JOIN department d "
-    "WHERE p.username = :username AND p.active = 1 AND m.username = p.username AND d.dept_id = m.dept_id UNION SELECT "
-    "d.dept_id, d.parent_id, u.side FROM up u "
-    "CROSS JOIN department d WHERE d.dept_id = u.parent_id) SELECT COUNT(*) FROM up a CROSS JOIN up b "
+    "CROSS JOIN department d WHERE p.username = :username AND p.active = 1 AND m.username = p.username "
+    "AND d.dept_id = m.dept_id UNION SELECT d.dept_id, d.parent_id, u.side FROM up u CROSS JOIN department d WHERE "
+    "d.dept_id = u.parent_id) SELECT COUNT(*) FROM up a CROSS JOIN up b "
     "WHERE a.side = 0 AND b.side = 1 AND a.parent_id IS NULL AND b.dept_id = a.dept_id";
 inline constexpr auto LogOfTask =
     "SELECT l.log_id, l.username, l.op_time, l.kind, l.source_id, l.source_name, l.source_uuid, l.source_md5, "
