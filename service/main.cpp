@@ -25,7 +25,7 @@ int run(int argc, char** argv) {
     std::string database;
     Settings settings;
     app.add_option("--config", config, "TOML file with the settings")->check(CLI::ExistingFile);
-    app.add_option("--database", database, "sqlite:PATH");
+    const auto* named = app.add_option("--database", database, "sqlite:PATH");
 
     auto* serve = app.add_subcommand("serve", "answers requests until it is told to end");
     serve->add_option("--listen", listen, "HOST:PORT; port 0 takes a free one");
@@ -74,7 +74,7 @@ int run(int argc, char** argv) {
         settings.read(config);
     if (!listen.empty())
         settings.listen(listen);
-    if (!database.empty())
+    if (*named)
         settings.database = database;
     spdlog::set_level(spdlog::level::from_str(settings.logLevel));
 

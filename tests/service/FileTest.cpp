@@ -422,9 +422,9 @@ TEST_F(FileRules, WhatACrashHasLeftIsSweptAwayAndNothingElse) {
 
 TEST_F(FileRules, WhatTheDatabaseDoesNotKnowWaitsForItsRow) {
     // As after an older database has been put in the place of the one that knew them.
-    const std::string read = stored("read");
-    const std::string swept = stored("swept");
-    const std::string never = stored("never");
+    const std::string read = stored("content");
+    const std::string swept = stored("content");
+    const std::string never = stored("content");
     service.run("CREATE TABLE newer AS SELECT * FROM stored_file");
     service.run("DELETE FROM stored_file");
     for (const std::string& uuid : {read, swept, never})

@@ -109,26 +109,27 @@ TEST_F(Process, AFolderOfFilesBelongsToOneDatabase) {
     const fs::path data = folder.file("data dir");
     const fs::path own = data / "disclosure.files";
     const std::string other = "sqlite:" + folder.file("data dir/b.db");
-    const auto refused = [&](const std::string& url, const fs::path& in, const char* why) {
+    const auto refused = [&](std::string url, const fs::path& in, const char* why) {
         const std::string config = folder.file("c.toml");
         std::ofstream(config) << "[files]\nfolder = '" << in.string() << "'\n";
-        const std::string mine = std::exchange(database, url);
+        std::swap(database, url);
         for (const char* command : {"serve --listen 127.0.0.1:0", "seed --demo"}) {
             EXPECT_FALSE(run(std::string(command) + " --config '" + config + "'"));
             EXPECT_NE(output().find(why), std::string::npos) << output();
         }
-        database = mine;
+        std::swap(database, url);
     };
     ASSERT_TRUE(run("seed --demo"));
     refused(other, own, "the files of another database");
     refused(database, data / "mistyped", "has none of this database's files");
     refused("sqlite::memory:", "", "a database in memory");
+    refused("", "", "as sqlite:PATH");
 
     // As it was before folders had a name and an id.
     fs::remove(own / "database");
     refused(other, own, "holds files that this database does not know");
     fs::rename(own, data / "files");
-    EXPECT_EQ(Served(folder, other).end(SIGTERM), 0);
+    EXPECT_EQ(Client(Served(folder, other).port()).get("/readyz").code(), 200);
     EXPECT_TRUE(fs::exists(data / "b.files/database"));
     EXPECT_FALSE(fs::exists(data / "files/database")) << "it is not that one's";
     Served served(folder, database);
@@ -235,7 +236,7 @@ TEST_F(Process, AFullDiskLeavesNothingHalfAndSaysSo) {
     int files = 0;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.file("data dir/disclosure.files")))
         files += entry.is_regular_file() ? 1 : 0;
-    EXPECT_EQ(files, demoFiles + 2);
+    EXPECT_EQ(files, demoFiles + 2 + 1) << "and whose folder it is";
 }
 
 TEST_F(Process, TheDemonstrationsTasksHaveADocumentEach) {
