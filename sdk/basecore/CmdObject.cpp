@@ -1,7 +1,7 @@
 #include "sdk/basecore/CmdObject.h"
 
 #include <QCoreApplication>
-#include <QDebug>
+#include <QLoggingCategory>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
@@ -9,6 +9,12 @@
 #include "sdk/basetools/TextConversion.h"
 
 namespace BASECORE::CMD {
+
+namespace {
+
+Q_LOGGING_CATEGORY(commands, "command")
+
+}  // namespace
 
 ICmdObject::~ICmdObject() = default;
 
@@ -139,7 +145,7 @@ void CPushMsgCmdObj::runQueued() {
     settle();
     SetFault(fault);
     if (!fault.empty())
-        qWarning().noquote() << QString::fromStdWString(GetName()) << QString::fromStdWString(fault);
+        qCWarning(commands).noquote() << QString::fromStdWString(GetName()) << QString::fromStdWString(fault);
 }
 
 void CPushMsgCmdObj::Stop() {

@@ -1,0 +1,37 @@
+#include "host/shell/BellKey.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QTimer>
+
+#include "host/shell/LoginDialog.h"
+#include "host/shell/MessageDialog.h"
+
+namespace workbench {
+namespace {
+
+bool isAsking(const QWidget* modal) {
+    return qobject_cast<const LoginDialog*>(modal) || qobject_cast<const MessageDialog*>(modal) ||
+           qobject_cast<const QMessageBox*>(modal) || qobject_cast<const QFileDialog*>(modal);
+}
+
+}  // namespace
+
+BellKey::BellKey() {
+    qApp->installEventFilter(this);
+}
+
+bool BellKey::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !(watched->isWindowType() || watched->isWidgetType()))
+        return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() != Qt::Key_M || key->modifiers() != Qt::ControlModifier ||
+        isAsking(QApplication::activeModalWidget()))
+        return false;
+    QTimer::singleShot(0, this, &BellKey::pressed);
+    return true;
+}
+
+}  // namespace workbench

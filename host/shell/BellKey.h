@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QObject>
+
+namespace workbench {
+
+/// Ctrl+M anywhere in the program, also while a plug-in's modal window is open, which takes every key and click from
+/// the workbench's own window. It is left alone while a box of the workbench asks something.
+class BellKey : public QObject {
+    Q_OBJECT
+
+public:
+    BellKey();
+
+signals:
+    /// From the event loop.
+    void pressed();
+
+private:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};
+
+}  // namespace workbench
