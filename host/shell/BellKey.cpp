@@ -4,17 +4,19 @@
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QMessageBox>
-#include <QTimer>
 
 #include "host/shell/LoginDialog.h"
 #include "host/shell/MessageDialog.h"
+#include "sdk/baseui/ProgressDialog.h"
 
 namespace workbench {
 namespace {
 
-bool isAsking(const QWidget* modal) {
-    return qobject_cast<const LoginDialog*>(modal) || qobject_cast<const MessageDialog*>(modal) ||
-           qobject_cast<const QMessageBox*>(modal) || qobject_cast<const QFileDialog*>(modal);
+bool isTaken(const QWidget* modal) {
+    const auto* progress = BIMScrollBar::KnSbInterface::Instance();
+    return (progress && modal && modal == progress->GetWindow()) || qobject_cast<const LoginDialog*>(modal) ||
+           qobject_cast<const MessageDialog*>(modal) || qobject_cast<const QMessageBox*>(modal) ||
+           qobject_cast<const QFileDialog*>(modal);
 }
 
 }  // namespace
@@ -28,9 +30,9 @@ bool BellKey::eventFilter(QObject* watched, QEvent* event) {
         return false;
     const auto* key = static_cast<QKeyEvent*>(event);
     if (key->key() != Qt::Key_M || key->modifiers() != Qt::ControlModifier ||
-        isAsking(QApplication::activeModalWidget()))
+        isTaken(QApplication::activeModalWidget()))
         return false;
-    QTimer::singleShot(0, this, &BellKey::pressed);
+    emit pressed();
     return true;
 }
 

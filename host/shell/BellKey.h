@@ -5,7 +5,7 @@
 namespace workbench {
 
 /// Ctrl+M anywhere in the program, also while a plug-in's modal window is open, which takes every key and click from
-/// the workbench's own window. It is left alone while a box of the workbench asks something.
+/// the workbench's own window. It is left alone while a box of the workbench is open.
 class BellKey : public QObject {
     Q_OBJECT
 
@@ -13,7 +13,6 @@ public:
     BellKey();
 
 signals:
-    /// From the event loop.
     void pressed();
 
 private:
