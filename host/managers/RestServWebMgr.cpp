@@ -66,7 +66,7 @@ void CRestServWebMgr::ReportStatus(int code, const std::wstring& text) {
 }
 
 void CRestServWebMgr::showLater(const QString& text) {
-    QTimer::singleShot(0, qApp, [text] { BASEUI::ShowMessageBox(text.toStdWString()); });
+    QTimer::singleShot(1, qApp, [text] { BASEUI::ShowMessageBox(text.toStdWString()); });
 }
 
 }  // namespace workbench

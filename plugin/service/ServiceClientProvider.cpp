@@ -29,7 +29,8 @@ std::shared_ptr<ApiClient> ServiceClientProvider::GetClient() {
     const std::wstring sessionId = cookie ? BASETOOLS::AnsiToUnicode(cookie->GetEntry("VALUE")) : std::wstring();
 
     m_configuration = std::make_shared<ApiConfiguration>();
-    m_configuration->setBaseUrl(FromWide<utility::string_t>(L"http://" + address + L"/rs"));
+    m_configuration->setBaseUrl(
+        FromWide<utility::string_t>(L"http://" + address.substr(0, address.find_last_not_of(L'/') + 1) + L"/rs"));
     const auto limits = PROJECTPACKAGE::ReadServiceLimits(
         LookupManager<PROJECTPACKAGE::IKpxClientConfigMgr>(BASECORE::NAMES::kClientConfig));
     m_configuration->setLimits(limits.connect, limits.silence);

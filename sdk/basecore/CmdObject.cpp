@@ -106,7 +106,10 @@ bool CCmdObject::OnSetCursor() {
     return false;
 }
 
-CPushMsgCmdObj::CPushMsgCmdObj() : m_queue(std::make_unique<QObject>()) {}
+CPushMsgCmdObj::CPushMsgCmdObj() : m_queue(std::make_unique<QTimer>()) {
+    m_queue->setSingleShot(true);
+    QObject::connect(m_queue.get(), &QTimer::timeout, m_queue.get(), [this] { runQueued(); });
+}
 CPushMsgCmdObj::~CPushMsgCmdObj() = default;
 
 std::wstring CPushMsgCmdObj::GetGroup() const {
@@ -119,8 +122,7 @@ bool CPushMsgCmdObj::Execute() {
     SetFault({});
     SetStatus(CmdStatus::Running);
     m_isQueued = true;
-    // By a timer, which waits while somebody's call does; see BASEUI::Wait.
-    QTimer::singleShot(0, m_queue.get(), [this] { runQueued(); });
+    m_queue->start(0);
     return true;
 }
 

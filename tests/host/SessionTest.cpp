@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QtTest/QTest>
+
 #include "host/managers/CasMgr.h"
 #include "host/managers/RestServWebMgr.h"
 #include "host/managers/WebMgr.h"
@@ -84,7 +86,7 @@ TEST_F(Session, AFreshOneThatIsRefusedAgainIsNotRenewedOnceMore) {
     platform.expireSessions();
     EXPECT_FALSE(renew()) << "too early after the last renewal";
     EXPECT_EQ(boxes, 0);
-    QCoreApplication::processEvents();
+    QTest::qWait(20);
     EXPECT_EQ(boxes, 1) << "said once";
     BASEUI::SetMessageBoxHandler({});
     makeManager(std::chrono::seconds(0));
@@ -153,7 +155,7 @@ TEST_F(Session, AReportShowsTextAndCode) {
     });
     rest->ReportStatus(4001, L"目录名称已存在");
     EXPECT_EQ(shown, L"") << "the refused call returns first";
-    QCoreApplication::processEvents();
+    QTest::qWait(20);
     EXPECT_EQ(shown, L"目录名称已存在（4001）");
     BASEUI::SetMessageBoxHandler({});
 }

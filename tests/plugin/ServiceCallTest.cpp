@@ -39,11 +39,11 @@ protected:
         {"DeleteCatalog", [this] { return manager.DeleteCatalog(L"i"); }, kResults},
         {"MoveCatalog", [this] { return manager.MoveCatalog(L"i", 1); }, kResults},
         {"UpdateCatalog", [this] { return manager.UpdateCatalog({}); }, kResults},
-        {"SaveTask", [this] { return manager.SaveTask({.id = L"t"}); }, kResults},
+        {"SaveTask", [this] { return manager.SaveTask(task); }, kResults},
         {"MoveTaskToCatalog", [this] { return manager.MoveTaskToCatalog(L"t", L"c"); }, kResults},
         {"BatchDeleteTasks", [this] { return manager.BatchDeleteTasks({L"t"}); }, kResults},
         {"PageTasks", [this] { return manager.PageTasks({}, tasks, total); }, {"{}"}},
-        {"QueryTaskById", [this] { return manager.QueryTaskById(L"t", task); }, {"{}"}},
+        {"QueryTaskById", [this] { return manager.QueryTaskById(L"t", read); }, {"{}"}},
         {"QueryPushConfig", [this] { return manager.QueryPushConfig(L"d", config); }, {"null", "{}"}},
         {"SavePushConfig", [this] { return manager.SavePushConfig({}); }, kResults},
         {"UpdatePushConfig", [this] { return manager.UpdatePushConfig({}); }, kResults},
@@ -54,6 +54,7 @@ protected:
         {"PageOwnTasks", [this] { return followUp.PageOwnTasks({}, own, total); }, {"{}"}},
         {"QueryConditions", [this] { return followUp.QueryConditions(conditions, conditions); }, {"{}"}},
     };
+    ServiceCallTest() { task.id = L"t"; }
     bool list() { return manager.ListCatalogs(catalogs, L"d"); }
 
     CDisclosureTaskFollowUp followUp;
@@ -63,6 +64,7 @@ protected:
     std::vector<OwnTaskRecord> own;
     std::vector<TaskCondition> conditions;
     TaskRecord task;
+    TaskRecord read;
     PushConfig config;
     int32_t total = 7;
 };
@@ -186,7 +188,7 @@ TEST_F(ServiceCallTest, TheSessionMayBeMissingOrEmptyAndTheAddressMayEndInASlash
 /// A dialog whose user gives up as soon as that is offered.
 struct Impatient : BIMScrollBar::KnSbInterface {
     Impatient() { Install(this); }
-    ~Impatient() { Install(nullptr); }
+    virtual ~Impatient() { Install(nullptr); }
     void ShowProgressDialog(const std::wstring&, const std::wstring&) override {}
     void CloseProgressDialog() override {}
     bool ShowWaiting(bool canCancel, int64_t, int64_t) override {
@@ -198,16 +200,16 @@ struct Impatient : BIMScrollBar::KnSbInterface {
 };
 
 TEST_F(ServiceCallTest, AReadCanBeGivenUpAndAChangeCannot) {
-    struct : CMgrObject, PROJECTPACKAGE::IKpxClientConfigMgr {
+    struct Config final : BASECORE::FRAME::CMgrObject, PROJECTPACKAGE::IKpxClientConfigMgr {
         using CMgrObject::CMgrObject;
         std::wstring GetValue(const std::wstring& key) const override {
             return key == L"Service/SilenceSeconds" ? L"4" : L"";
         }
         bool SetValue(const std::wstring&, const std::wstring&) override { return false; }
-    } config{BASECORE::NAMES::kClientConfig};
-    host.managers[BASECORE::NAMES::kClientConfig] = &config;
+    } settings{BASECORE::NAMES::kClientConfig};
+    host.managers[BASECORE::NAMES::kClientConfig] = &settings;
     Impatient dialog;
-    server.then({});
+    server.then(RawHttpServer::Answer{});
     EXPECT_FALSE(list());
     EXPECT_EQ(LastFailure(), L"已取消");
     EXPECT_EQ(dialog.offered, 1);

@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
+#include <memory>
 #include <thread>
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QMouseEvent>
 #include <QTimer>
+#include <QWidget>
 #include <QWindow>
 
 #include "sdk/baseui/ProgressDialog.h"
@@ -49,15 +51,15 @@ struct Restless : Base {
 /// The host's dialog; the user cancels when it has been shown `patience` times.
 struct Dialog : BIMScrollBar::KnSbInterface {
     Dialog() { Install(this); }
-    ~Dialog() { Install(nullptr); }
-    void ShowProgressDialog(const std::wstring&, const std::wstring&) override { window.show(); }
-    void CloseProgressDialog() override { window.hide(); }
-    QWidget* GetWindow() const override { return window.isVisible() ? const_cast<QWidget*>(&window) : nullptr; }
+    virtual ~Dialog() { Install(nullptr); }
+    void ShowProgressDialog(const std::wstring&, const std::wstring&) override { window->show(); }
+    void CloseProgressDialog() override { window->hide(); }
+    QWidget* GetWindow() const override { return window->isVisible() ? window.get() : nullptr; }
     bool ShowWaiting(bool canCancel, int64_t done, int64_t total) override {
         shown = {done, total};
         return !canCancel || --patience > 0;
     }
-    Restless<QWidget> window;
+    std::unique_ptr<Restless<QWidget>> window = std::make_unique<Restless<QWidget>>();
     std::pair<int64_t, int64_t> shown;
     int patience = 5;
 };
@@ -87,7 +89,7 @@ TEST_F(WaitingTest, WindowsArePaintedAndNothingGetsIn) {
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&] { fired = true; });
     timer.start(1);
-    QTimer::singleShot(0, [&] { fired = true; });
+    QTimer::singleShot(1, [&] { fired = true; });
     disturb(widget);
     disturb(window);
     widget.painted = window.painted = 0;
@@ -119,7 +121,7 @@ TEST_F(WaitingTest, TheDialogAloneTakesInputAndEndsWhatMayBeGivenUp) {
     Dialog dialog;
     std::promise<void> never;
     const auto future = never.get_future();
-    disturb(dialog.window);
+    disturb(*dialog.window);
     disturb(widget);
     EXPECT_FALSE(BASEUI::Wait(future, {.canCancel = true,
                                        .amount =
@@ -127,10 +129,10 @@ TEST_F(WaitingTest, TheDialogAloneTakesInputAndEndsWhatMayBeGivenUp) {
                                                return BASEUI::Waiting::Amount{7, 9};
                                            },
                                        .dialogAfter = milliseconds(0)}));
-    EXPECT_GE(dialog.window.disturbed, 3);
+    EXPECT_GE(dialog.window->disturbed, 3);
     EXPECT_EQ(widget.disturbed, 0);
     EXPECT_EQ(dialog.shown, (std::pair<int64_t, int64_t>(7, 9)));
-    EXPECT_FALSE(dialog.window.isVisible());
+    EXPECT_FALSE(dialog.window->isVisible());
 
     dialog.patience = 1;
     std::promise<void> soon;
@@ -160,7 +162,7 @@ TEST_F(WaitingTest, ADialogThatIsOpenedMeanwhileCanBeUsed) {
 }
 
 TEST(ServiceLimits, EveryKeySetsWhatItNamesAndNonsenseSetsNothing) {
-    struct Config : PROJECTPACKAGE::IKpxClientConfigMgr {
+    struct Config final : PROJECTPACKAGE::IKpxClientConfigMgr {
         std::wstring GetValue(const std::wstring& key) const override { return key == name ? text : L""; }
         bool SetValue(const std::wstring&, const std::wstring&) override { return false; }
         std::wstring name;
