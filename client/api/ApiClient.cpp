@@ -172,8 +172,10 @@ pplx::task<web::http::http_response> ApiClient::callApi(const utility::string_t&
     web::http::client::http_client client(connectable(m_configuration->getBaseUrl()), httpConfig);
 
     http_request request(method);
-    request.headers().add(web::http::header_names::host,
-                          web::uri(m_configuration->getBaseUrl()).authority().to_string());
+    const web::uri base(m_configuration->getBaseUrl());
+    request.headers().add(
+        web::http::header_names::host,
+        base.is_port_default() ? base.host() : base.host() + _XPLATSTR(":") + parameterToString(base.port()));
     if (!m_configuration->getUserAgent().empty())
         request.headers().add(web::http::header_names::user_agent, m_configuration->getUserAgent());
     for (const auto& [name, value] : m_configuration->getDefaultHeaders())

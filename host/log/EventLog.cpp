@@ -5,7 +5,12 @@
 #include <QDateTime>
 #include <QDir>
 
+#include "host/log/Messages.h"
+
 namespace workbench {
+
+Q_LOGGING_CATEGORY(messages, "workbench")
+
 namespace {
 
 constexpr int kHistoryLines = 500;
@@ -26,6 +31,15 @@ QString nameOf(QtMsgType type) {
             break;
     }
     return EventLog::tr("错误");
+}
+
+/// Of a library: Qt's categories, those of QML, or none.
+bool isTechnical(const char* category) {
+    const QLatin1String name(category);
+    for (const char* technical : {"", "default", "qml", "js"})
+        if (name == QLatin1String(technical))
+            return true;
+    return name.startsWith(QLatin1String("qt."));
 }
 
 QString fileIn(const QString& folder, const char* name) {
@@ -65,8 +79,7 @@ void EventLog::onQtMessage(QtMsgType type, const QMessageLogContext& context, co
     if (!log || inside)
         return;
     inside = true;
-    const bool isQtsOwn = QLatin1String(context.category).startsWith(QLatin1String("qt."));
-    log->add(log->m_messages, nameOf(type), message, !isQtsOwn);
+    log->add(log->m_messages, nameOf(type), message, !isTechnical(context.category));
     inside = false;
 }
 

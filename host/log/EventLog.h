@@ -9,9 +9,9 @@
 
 namespace workbench {
 
-/// What happens in the workbench, for the log pane (without what Qt says about itself) and for the files
-/// "workbench.log" (Qt's messages) and "function.log" (what the user did) in one folder. Takes Qt's messages in while
-/// it lives; they still reach the terminal.
+/// What happens in the workbench, for the log pane (without what the libraries say, which is of no use to a user) and
+/// for the files "workbench.log" (Qt's messages) and "function.log" (what the user did) in one folder. Takes Qt's
+/// messages in while it lives; they still reach the terminal.
 class EventLog : public QObject {
     Q_OBJECT
 

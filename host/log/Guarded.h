@@ -2,8 +2,9 @@
 
 #include <exception>
 
-#include <QLoggingCategory>
 #include <QString>
+
+#include "host/log/Messages.h"
 
 namespace workbench {
 
@@ -14,9 +15,9 @@ bool guarded(const QString& what, Work work) {
         work();
         return true;
     } catch (const std::exception& e) {
-        qCritical().noquote() << what << e.what();
+        qCCritical(messages).noquote() << what << e.what();
     } catch (...) {
-        qCritical().noquote() << what << "unknown exception";
+        qCCritical(messages).noquote() << what << "unknown exception";
     }
     return false;
 }

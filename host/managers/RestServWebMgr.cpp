@@ -1,9 +1,11 @@
 #include "host/managers/RestServWebMgr.h"
 
-#include <QLoggingCategory>
+#include <utility>
+
 #include <QScopedValueRollback>
 #include <QTimer>
 
+#include "host/log/Messages.h"
 #include "sdk/basecore/ManagerNames.h"
 #include "sdk/baseui/MessageBox.h"
 
@@ -26,7 +28,9 @@ bool CRestServWebMgr::RenewSession(const std::wstring& serviceKey, const std::ws
         return false;
     const auto now = std::chrono::steady_clock::now();
     if (m_keeper.session() && m_keeper.session()->id() == m_freshSession && now - m_renewedAt < m_refusedAgain) {
-        qWarning().noquote() << tr("刚刚更新的登录又被服务拒绝：%1").arg(QString::fromStdWString(message));
+        qCWarning(messages).noquote() << tr("刚刚更新的登录又被服务拒绝：%1").arg(QString::fromStdWString(message));
+        if (std::exchange(m_toldOf, m_freshSession) != m_freshSession)
+            showLater(tr("登录刚刚更新，又被服务拒绝。请稍后再试，仍不行时请退出登录后重新登录。"));
         return false;
     }
     const QScopedValueRollback<bool> renewing(m_isRenewing, true);
@@ -34,7 +38,7 @@ bool CRestServWebMgr::RenewSession(const std::wstring& serviceKey, const std::ws
     if (renewed) {
         m_freshSession = m_keeper.session()->id();
         m_renewedAt = std::chrono::steady_clock::now();
-        qInfo().noquote() << tr("登录已自动更新");
+        qCInfo(messages).noquote() << tr("登录已自动更新");
     }
     return renewed;
 }
@@ -42,10 +46,10 @@ bool CRestServWebMgr::RenewSession(const std::wstring& serviceKey, const std::ws
 bool CRestServWebMgr::renew() {
     const Answer answer = m_keeper.session() ? m_keeper.logInAgain() : Answer{Outcome::Refused, 0, {}, {}, {}};
     if (answer.outcome == Outcome::Refused && answer.status < 500) {
-        if (!m_prompt(answer.text))
+        if (!m_prompt(m_keeper.session() ? tr("登录已失效，请输入密码重新登录。") : tr("请先登录。")))
             return false;
     } else if (!answer.ok()) {
-        qWarning().noquote() << tr("无法更新登录：%1").arg(answer.text);
+        qCWarning(messages).noquote() << tr("无法更新登录：%1").arg(answer.text);
         return false;
     }
     return m_keeper.isAccepted();
@@ -58,9 +62,11 @@ void CRestServWebMgr::EndSession(const std::wstring& serviceKey) {
 
 void CRestServWebMgr::ReportStatus(int code, const std::wstring& text) {
     const QString shown = text.empty() ? tr("服务返回错误") : QString::fromStdWString(text);
-    // Shown once the call that was refused has returned, so that no timer re-enters it from within the box.
-    const std::wstring message = tr("%1（%2）").arg(shown).arg(code).toStdWString();
-    QTimer::singleShot(0, qApp, [message] { BASEUI::ShowMessageBox(message); });
+    showLater(tr("%1（%2）").arg(shown).arg(code));
+}
+
+void CRestServWebMgr::showLater(const QString& text) {
+    QTimer::singleShot(1, qApp, [text] { BASEUI::ShowMessageBox(text.toStdWString()); });
 }
 
 }  // namespace workbench

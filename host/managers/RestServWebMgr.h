@@ -31,11 +31,14 @@ public:
 
 private:
     bool renew();
+    /// Once the call that was refused has returned, so that no timer re-enters it from within the box, and from no other one that waits.
+    static void showLater(const QString& text);
 
     SessionKeeper& m_keeper;
     LoginPrompt m_prompt;
     std::chrono::steady_clock::duration m_refusedAgain;
     std::string m_freshSession;
+    std::string m_toldOf;  // the session of which the user has heard that it was refused again
     std::chrono::steady_clock::time_point m_renewedAt;
     bool m_isRenewing = false;
 };

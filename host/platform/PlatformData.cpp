@@ -1,8 +1,8 @@
 #include "host/platform/PlatformData.h"
 
 #include <QJsonArray>
-#include <QLoggingCategory>
 
+#include "host/log/Messages.h"
 #include "host/platform/PlatformClient.h"
 #include "host/platform/Reader.h"
 
@@ -66,7 +66,7 @@ std::optional<std::vector<Record>> PlatformData::list(const QString& path, const
         answer = m_client.failure(Outcome::Malformed, answer.status);
     if (answer.ok())
         return records;
-    qWarning().noquote() << path << answer.text;
+    qCWarning(messages).noquote() << path << answer.text;
     return std::nullopt;
 }
 

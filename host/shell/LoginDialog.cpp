@@ -38,7 +38,6 @@ LoginDialog::LoginDialog(SessionKeeper& keeper, const QString& server, const QSt
     m_password->setEchoMode(QLineEdit::Password);
     m_error->setWordWrap(true);
     m_error->setTextFormat(Qt::PlainText);
-    m_error->setStyleSheet(look::kErrorText);
     m_error->hide();
     m_logIn->setDefault(true);
     m_logIn->setProperty("primary", true);
@@ -83,7 +82,13 @@ void LoginDialog::fixUser() {
     m_password->setFocus();
 }
 
+void LoginDialog::showNote(const QString& text) {
+    showError(text);
+    m_error->setStyleSheet(look::kFaintText);
+}
+
 void LoginDialog::showError(const QString& text) {
+    m_error->setStyleSheet(look::kErrorText);
     m_error->setText(text);
     m_error->setVisible(!text.isEmpty());
 }

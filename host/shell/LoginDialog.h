@@ -22,9 +22,11 @@ public:
 
     /// For renewing a session: only the password can be changed.
     void fixUser();
-    void showError(const QString& text);
+    /// What the user should know before he types.
+    void showNote(const QString& text);
 
 private:
+    void showError(const QString& text);
     void tryLogIn();
     QString missingInput() const;
 

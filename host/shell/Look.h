@@ -14,6 +14,9 @@ inline constexpr char kAlive[] = "#2e9d4f";
 inline constexpr char kDead[] = "#d23b3b";
 inline constexpr char kUnknown[] = "#9a9a9a";
 inline constexpr char kNotice[] = "#1f6fbf";
+inline constexpr char kBorder[] = "#c8ccd2";
+inline constexpr char kFocus[] = "#3399ff";
+inline constexpr char kDisabled[] = "#eeeff1";
 inline constexpr char kIcon[] = "#4a4f57";
 inline constexpr char kRoomyRows[] = "QTreeView::item { padding: 6px 4px; }";
 

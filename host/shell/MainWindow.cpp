@@ -1,24 +1,24 @@
 #include "host/shell/MainWindow.h"
 
-#include <QComboBox>
 #include <QDockWidget>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLoggingCategory>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QScreen>
-#include <QShortcut>
 #include <QSignalBlocker>
 #include <QStatusBar>
-#include <QStyle>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 #include "host/log/Guarded.h"
+#include "host/log/Messages.h"
 #include "host/shell/BellButton.h"
+#include "host/shell/FlatCombo.h"
+#include "host/shell/Icons.h"
 #include "host/shell/Look.h"
 #include "sdk/basecore/ICmdObject.h"
 #include "sdk/packages/disclosure/Command.h"
@@ -56,7 +56,8 @@ QWidget* stretch() {
 
 MainWindow::MainWindow()
     : m_commands(new QToolBar(tr("命令"))),
-      m_projects(new QComboBox),
+      m_projects(new FlatCombo),
+      m_account(new QToolButton),
       m_bell(new BellButton),
       m_projectTitle(new QLabel),
       m_projectDetails(new QLabel),
@@ -82,24 +83,31 @@ MainWindow::MainWindow()
     m_projects->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_projects->setAccessibleName(tr("工程"));
     projectBar->addWidget(m_projects);
-    auto* refresh = projectBar->addAction(style()->standardIcon(QStyle::SP_BrowserReload), tr("刷新工程列表"), this,
-                                          &MainWindow::projectsWanted);
+    auto* refresh = projectBar->addAction(icons::refresh(), tr("刷新工程列表"), this, &MainWindow::projectsWanted);
     refresh->setShortcut(QKeySequence::Refresh);
     refresh->setToolTip(tr("刷新工程列表（F5）"));
     makeReachable(projectBar->widgetForAction(refresh));
     projectBar->addWidget(m_bell);
     makeReachable(m_bell);
+    createUserMenu();
+    projectBar->addWidget(m_account);
+    makeReachable(m_account);
     addToolBar(projectBar);
 
     setCentralWidget(createStartPage());
     QDockWidget* log = createLogPane();
     addDockWidget(Qt::BottomDockWidgetArea, log);
     resizeDocks({log}, {height() / 3}, Qt::Vertical);
+    log->hide();
+    QAction* showLog = log->toggleViewAction();
+    showLog->setIcon(icons::log());
+    showLog->setShortcut(QKeySequence(QStringLiteral("Ctrl+L")));
+    showLog->setToolTip(tr("日志（Ctrl+L）"));
+    projectBar->insertAction(projectBar->actions().at(projectBar->actions().indexOf(refresh) + 1), showLog);
+    makeReachable(projectBar->widgetForAction(showLog));
     createStatusLine();
     connect(m_projects, qOverload<int>(&QComboBox::activated), this, &MainWindow::projectChosen);
     connect(m_bell, &BellButton::clicked, this, &MainWindow::messagesWanted);
-    connect(new QShortcut(QKeySequence(QStringLiteral("Ctrl+M")), this), &QShortcut::activated, this,
-            &MainWindow::messagesWanted);
     showProject(-1, {}, {});
 }
 
@@ -127,9 +135,21 @@ QDockWidget* MainWindow::createLogPane() {
     m_log->setFrameShape(QFrame::NoFrame);
     m_log->setAccessibleName(tr("日志"));
     auto* dock = new QDockWidget(tr("日志"));
-    dock->setFeatures(QDockWidget::NoDockWidgetFeatures);
+    dock->setFeatures(QDockWidget::DockWidgetClosable);
     dock->setWidget(m_log);
     return dock;
+}
+
+void MainWindow::createUserMenu() {
+    auto* menu = new QMenu(m_account);
+    menu->addAction(tr("更换用户…"), this, &MainWindow::userChangeWanted);
+    menu->addAction(tr("退出登录"), this, &MainWindow::logOutWanted);
+    m_account->setMenu(menu);
+    m_account->setPopupMode(QToolButton::InstantPopup);
+    m_account->setIcon(icons::user());
+    m_account->setIconSize({icons::kSide, icons::kSide});
+    m_account->setAccessibleName(tr("用户"));
+    m_account->setToolTip(tr("更换用户、退出登录"));
 }
 
 void MainWindow::createStatusLine() {
@@ -146,7 +166,7 @@ void MainWindow::createStatusLine() {
 }
 
 void MainWindow::addCommand(BASECORE::CMD::ICmdObject& command, const std::wstring& name) {
-    auto* action = m_commands->addAction(style()->standardIcon(QStyle::SP_FileDialogDetailedView), titleOf(name), this,
+    auto* action = m_commands->addAction(icons::command(), titleOf(name), this,
                                          [&command, logged = QString::fromStdWString(name)] { run(command, logged); });
     makeReachable(m_commands->widgetForAction(action));
     if (const int number = m_commands->actions().size(); number <= kNumberedCommands) {
@@ -183,12 +203,17 @@ void MainWindow::focusCommands() {
 void MainWindow::run(BASECORE::CMD::ICmdObject& command, const QString& name) {
     guarded(name, [&] {
         if (!command.Execute())
-            qWarning().noquote() << tr("命令 %1 现在不能执行").arg(name);
+            qCWarning(messages).noquote() << tr("命令 %1 现在不能执行").arg(name);
     });
 }
 
 void MainWindow::setUser(const QString& realName) {
-    m_user->setText(tr("当前用户：%1").arg(realName));
+    const bool isSomebody = !realName.isEmpty();
+    m_user->setText(isSomebody ? tr("当前用户：%1").arg(realName) : tr("未登录"));
+    m_account->menu()->actions().first()->setText(isSomebody ? tr("更换用户…") : tr("登录…"));
+    m_account->menu()->actions().last()->setEnabled(isSomebody);
+    m_commands->setEnabled(isSomebody);
+    m_bell->setEnabled(isSomebody);
 }
 
 void MainWindow::setProjects(const std::vector<PROJECTPACKAGE::ProjectRecord>& projects) {

@@ -7,9 +7,11 @@
 #include "sdk/packages/IProjectDataMgr.h"
 
 class QComboBox;
+class QDockWidget;
 class QLabel;
 class QPlainTextEdit;
 class QToolBar;
+class QToolButton;
 
 namespace BASECORE::CMD {
 class ICmdObject;
@@ -19,7 +21,7 @@ namespace workbench {
 
 class BellButton;
 
-/// The workbench's window: commands and projects in the tool bar, what is open in the middle, the log below it, and a
+/// The workbench's window: commands and projects in the tool bar, what is open in the middle, the log on demand, and a
 /// status line that tells whether the service answers.
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -32,6 +34,7 @@ public:
     void removeCommands();
     /// Gives the keyboard to the first command, once the window is shown.
     void focusCommands();
+    /// An empty name is nobody: then there is nothing to be run and nothing to be chosen.
     void setUser(const QString& realName);
     void setProjects(const std::vector<PROJECTPACKAGE::ProjectRecord>& projects);
     /// Shows which project is open; an empty name none. `index` is its place among the projects, or -1.
@@ -50,6 +53,9 @@ signals:
     void projectsWanted();
     /// The user wants to see the messages.
     void messagesWanted();
+    /// Somebody else wants to log in, or anybody after a logout.
+    void userChangeWanted();
+    void logOutWanted();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -59,10 +65,12 @@ private:
     void makeReachable(QWidget* button);
     QWidget* createStartPage();
     QDockWidget* createLogPane();
+    void createUserMenu();
     void createStatusLine();
 
     QToolBar* m_commands;
     QComboBox* m_projects;
+    QToolButton* m_account;
     BellButton* m_bell;
     QLabel* m_projectTitle;
     QLabel* m_projectDetails;

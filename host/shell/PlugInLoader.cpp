@@ -3,9 +3,9 @@
 #include <QDir>
 #include <QFile>
 #include <QLibrary>
-#include <QLoggingCategory>
 
 #include "host/log/Guarded.h"
+#include "host/log/Messages.h"
 #include "host/shell/Registry.h"
 #include "sdk/basecore/PlugIn.h"
 
@@ -38,7 +38,7 @@ int PlugInLoader::loadAll(const QStringList& folders) {
     for (const QString& folder : folders) {
         const QDir dir(folder);
         if (!dir.exists())
-            qWarning().noquote() << tr("插件目录不存在：%1").arg(folder);
+            qCWarning(messages).noquote() << tr("插件目录不存在：%1").arg(folder);
         for (const QString& name : dir.entryList(QDir::Files, QDir::Name))
             if (QLibrary::isLibrary(name) && load(dir.absoluteFilePath(name)))
                 ++loaded;
@@ -48,7 +48,7 @@ int PlugInLoader::loadAll(const QStringList& folders) {
 
 bool PlugInLoader::load(const QString& file) {
     if (file == m_crashed) {
-        qWarning().noquote() << tr("本次不加载插件 %1：上次启动在加载它时异常终止").arg(file);
+        qCWarning(messages).noquote() << tr("本次不加载插件 %1：上次启动在加载它时异常终止").arg(file);
         return false;
     }
     QFile mark(m_markFile);
@@ -64,7 +64,7 @@ bool PlugInLoader::takeIn(const QString& file) {
     QLibrary library(file);
     library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
     if (!library.load()) {
-        qWarning().noquote() << tr("无法加载插件 %1：%2").arg(file, library.errorString());
+        qCWarning(messages).noquote() << tr("无法加载插件 %1：%2").arg(file, library.errorString());
         return false;
     }
     const auto getManagers =
@@ -72,21 +72,21 @@ bool PlugInLoader::takeIn(const QString& file) {
     const auto getCommands =
         reinterpret_cast<BASECORE::PLUGIN::GetCommandsFunction>(library.resolve(BASECORE::PLUGIN::kGetCommands));
     if (!getManagers || !getCommands) {
-        qWarning().noquote() << tr("无法加载插件 %1：没有导出 GetManagers 和 GetCommands").arg(file);
+        qCWarning(messages).noquote() << tr("无法加载插件 %1：没有导出 GetManagers 和 GetCommands").arg(file);
         return false;
     }
 
     std::vector<std::unique_ptr<BASECORE::FRAME::IMgrObject>> managers;
     std::vector<std::unique_ptr<BASECORE::CMD::ICmdObject>> commands;
     if (!collect(file, getManagers, managers) || !collect(file, getCommands, commands)) {
-        qWarning().noquote() << tr("无法加载插件 %1：它在交出管理器和命令时出错").arg(file);
+        qCWarning(messages).noquote() << tr("无法加载插件 %1：它在交出管理器和命令时出错").arg(file);
         return false;
     }
     for (auto& manager : managers)
         m_registry.add(std::move(manager));
     for (auto& command : commands)
         m_registry.add(std::move(command));
-    qInfo().noquote() << tr("已加载插件 %1").arg(file);
+    qCInfo(messages).noquote() << tr("已加载插件 %1").arg(file);
     return true;
 }
 

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include <QLoggingCategory>
-
 #include "host/log/Guarded.h"
+#include "host/log/Messages.h"
 
 namespace workbench {
 
@@ -32,7 +31,7 @@ IMgrObject* Registry::LookupManager(const std::wstring& name) const {
 
 bool Registry::isFree(bool free, const std::wstring& name) {
     if (name.empty() || !free)
-        qWarning().noquote() << tr("拒绝登记“%1”：名称为空或已被占用").arg(QString::fromStdWString(name));
+        qCWarning(messages).noquote() << tr("拒绝登记“%1”：名称为空或已被占用").arg(QString::fromStdWString(name));
     return !name.empty() && free;
 }
 

@@ -2,19 +2,21 @@
 
 #include <chrono>
 
-#include <QNetworkAccessManager>
 #include <QObject>
-#include <QTimer>
+#include <QThread>
 
 namespace workbench {
 
-/// Asks the service every few seconds whether it is alive, without holding up anything.
+/// Asks the service every few seconds whether it is alive. It does so on a thread of its own, so that it goes on while
+/// the UI thread waits for an answer.
 class ServiceWatch : public QObject {
     Q_OBJECT
 
 public:
-    explicit ServiceWatch(std::chrono::milliseconds interval = std::chrono::seconds(3),
+    /// Who begins to be silent is found out after both times at the latest.
+    explicit ServiceWatch(std::chrono::milliseconds interval = std::chrono::seconds(2),
                           std::chrono::milliseconds timeout = std::chrono::seconds(2));
+    ~ServiceWatch() override;
 
     /// "host:port"; asks at once.
     void watch(const QString& address);
@@ -22,16 +24,17 @@ public:
     void reportTrouble(const QString& text);
 
 signals:
-    /// After every answer and every trouble; `text` says it for the user.
+    /// On the thread of this object, after every answer and every trouble; `text` says it for the user.
     void told(bool alive, const QString& text);
 
 private:
-    void ask();
+    class Asker;
+
+    void take(const QString& address, int status, bool isGood, bool isLate);
 
     QString m_address;
-    std::chrono::milliseconds m_timeout;
-    QTimer m_timer;
-    QNetworkAccessManager m_network;
+    QThread m_thread;
+    Asker* m_asker;  // lives in m_thread, deleted with its end
 };
 
 }  // namespace workbench

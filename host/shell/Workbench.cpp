@@ -4,10 +4,10 @@
 #include <limits>
 
 #include <QDir>
-#include <QLoggingCategory>
 #include <QTimer>
 
 #include "host/log/Guarded.h"
+#include "host/log/Messages.h"
 #include "host/managers/AuthInfoMgr.h"
 #include "host/managers/CasMgr.h"
 #include "host/managers/ClientConfigMgr.h"
@@ -19,6 +19,7 @@
 #include "host/managers/PathMgr.h"
 #include "host/managers/ProjectDataMgr.h"
 #include "host/managers/RestServWebMgr.h"
+#include "host/managers/ServiceStateMgr.h"
 #include "host/managers/WebMgr.h"
 #include "host/shell/LoginDialog.h"
 #include "host/shell/MessageDialog.h"
@@ -26,6 +27,7 @@
 #include "sdk/basecore/ManagerNames.h"
 #include "sdk/baseui/DialogOwner.h"
 #include "sdk/baseui/MessageBox.h"
+#include "sdk/packages/ServiceLimits.h"
 #include "sdk/packages/disclosure/Command.h"
 
 namespace workbench {
@@ -77,8 +79,11 @@ void Workbench::registerManagers() {
     m_projectData = &add<CProjectDataMgr>(m_data);
     m_departments = &add<COrgDeptMgr>(m_data);
     m_rights = &add<CAuthInfoMgr>(m_data, *m_currentProject);
-    add<CFileUploadMgr>(m_client, *m_currentProject, m_progress);
-    add<CFileDownloadMgr>(m_client, *m_currentProject, m_progress);
+    m_state = &add<CServiceStateMgr>();
+    const auto limits = PROJECTPACKAGE::ReadServiceLimits(m_config);
+    m_client.setPatience(limits.connect);  // its requests are small, and Qt does not tell when it is connected
+    add<CFileUploadMgr>(m_client, *m_currentProject, m_progress, limits.silence);
+    add<CFileDownloadMgr>(m_client, *m_currentProject, m_progress, limits.silence);
 }
 
 void Workbench::connectParts() {
@@ -88,10 +93,15 @@ void Workbench::connectParts() {
         return m_rest->RenewSession(BASECORE::NAMES::kServiceKey, text.toStdWString());
     });
     m_client.setTroubleListener([this](const QString& text) { m_watch.reportTrouble(text); });
+    QObject::connect(&m_watch, &ServiceWatch::told, &m_window,
+                     [this](bool alive, const QString& text) { m_state->note(alive, text); });
     QObject::connect(&m_watch, &ServiceWatch::told, &m_window, &MainWindow::showServiceState);
     QObject::connect(&m_watch, &ServiceWatch::told, &m_unread, &UnreadWatch::setReachable);
     QObject::connect(&m_unread, &UnreadWatch::counted, &m_window, &MainWindow::showUnread);
     QObject::connect(&m_window, &MainWindow::messagesWanted, &m_window, [this] { showMessages(); });
+    QObject::connect(&m_bellKey, &BellKey::pressed, &m_window, [this] { showMessages(); });
+    QObject::connect(&m_window, &MainWindow::userChangeWanted, &m_window, [this] { changeUser(); });
+    QObject::connect(&m_window, &MainWindow::logOutWanted, &m_window, [this] { logOut(); });
     QObject::connect(&m_window, &MainWindow::projectsWanted, &m_window, [this] { readProjects(); });
     QObject::connect(&m_window, &MainWindow::projectChosen, &m_window, [this](int index) { openProject(index); });
 }
@@ -111,12 +121,37 @@ bool Workbench::logIn(QString& why) {
     QString userName = m_options.userName;
     if (userName.isEmpty())
         userName = QString::fromStdWString(m_config->GetValue(CClientConfigMgr::kUser));
-    LoginDialog dialog(m_keeper, server, userName);
+    return askToLogIn(server, userName, nullptr);
+}
+
+bool Workbench::askToLogIn(const QString& server, const QString& userName, QWidget* owner) {
+    LoginDialog dialog(m_keeper, server, userName, owner);
     if (dialog.exec() != QDialog::Accepted)
         return false;
     m_config->SetValue(CClientConfigMgr::kServer, dialog.server().toStdWString());
     m_config->SetValue(CClientConfigMgr::kUser, dialog.userName().toStdWString());
     return true;
+}
+
+bool Workbench::logOut() {
+    if (!m_currentProject->close()) {
+        BASEUI::ShowMessageBox(tr("有插件不允许现在关闭工程").toStdWString());
+        return false;
+    }
+    m_keeper.logOut();
+    m_projects.clear();
+    m_projectData->forget();
+    followLogin();
+    m_window.setProjects(m_projects);
+    showOpenProject();
+    return true;
+}
+
+void Workbench::changeUser() {
+    if (!logOut() || !askToLogIn(m_keeper.address(), {}, &m_window))
+        return;
+    followLogin();
+    readProjects();
 }
 
 bool Workbench::askToLogInAgain(const QString& reason) {
@@ -126,7 +161,7 @@ bool Workbench::askToLogInAgain(const QString& reason) {
                        owner ? owner : &m_window);
     if (m_keeper.session())
         dialog.fixUser();
-    dialog.showError(reason);
+    dialog.showNote(reason);
     if (dialog.exec() != QDialog::Accepted)
         return false;
     followLogin();
@@ -150,7 +185,7 @@ void Workbench::start() {
     for (const QString& line : m_log.history())
         m_window.appendLog(line);
     QObject::connect(&m_log, &EventLog::written, &m_window, &MainWindow::appendLog);
-    m_window.show();
+    m_window.showMaximized();
     m_window.focusCommands();
     followLogin();
     readProjects();
@@ -161,7 +196,7 @@ void Workbench::start() {
 void Workbench::readProjects() {
     m_projectData->forget();
     if (!m_projectData->GetProjects(m_projects))
-        qWarning().noquote() << tr("无法读取工程列表");
+        qCWarning(messages).noquote() << tr("无法读取工程列表");
     m_window.setProjects(m_projects);
     if (m_currentProject->GetCurProject())
         showOpenProject();
@@ -184,7 +219,8 @@ void Workbench::openProject(int index) {
         if (m_currentProject->open(project))
             m_config->SetValue(CClientConfigMgr::kProject, std::to_wstring(project.ppid));
         else
-            qWarning().noquote() << tr("有插件不允许现在切换到工程 %1").arg(QString::fromStdWString(project.projName));
+            qCWarning(messages).noquote()
+                << tr("有插件不允许现在切换到工程 %1").arg(QString::fromStdWString(project.projName));
     }
     showOpenProject();
 }
@@ -192,7 +228,7 @@ void Workbench::openProject(int index) {
 void Workbench::showOpenProject() {
     const PROJECTPACKAGE::IProject* current = m_currentProject->GetCurProject();
     if (!current)
-        return;
+        return m_window.showProject(-1, {}, {});
     std::wstring deptName;
     m_departments->GetDeptName(deptName, current->GetDeptId());
     m_window.showProject(indexOf(m_projects, &PROJECTPACKAGE::ProjectRecord::ppid, current->GetId()),
@@ -200,8 +236,13 @@ void Workbench::showOpenProject() {
 }
 
 void Workbench::showMessages() {
+    if (!m_keeper.session())
+        return;
+    // Over a plug-in's window where one is open.
+    QWidget* owner = BASEUI::DialogOwner();
     MessageDialog dialog(
-        m_inbox, [this](const Message& message, QString& why) { return prepareToOpen(message, why); }, &m_window);
+        m_inbox, [this](const Message& message, QString& why) { return prepareToOpen(message, why); },
+        owner ? owner : &m_window);
     QObject::connect(&dialog, &MessageDialog::unreadChanged, &m_window, [this](int count) {
         m_unread.dropPending();
         m_window.showUnread(count);
@@ -259,7 +300,7 @@ void Workbench::runCommand(const QString& name) {
     if (auto* command = m_registry.command(name.toStdWString()))
         MainWindow::run(*command, name);
     else
-        qCritical().noquote() << tr("没有名为 %1 的命令").arg(name);
+        qCCritical(messages).noquote() << tr("没有名为 %1 的命令").arg(name);
 }
 
 }  // namespace workbench

@@ -10,6 +10,7 @@
 #include "host/platform/PlatformData.h"
 #include "host/platform/SessionKeeper.h"
 #include "host/platform/UnreadWatch.h"
+#include "host/shell/BellKey.h"
 #include "host/shell/MainWindow.h"
 #include "host/shell/Options.h"
 #include "host/shell/Registry.h"
@@ -24,6 +25,7 @@ class CCurProjectMgr;
 class COrgDeptMgr;
 class CProjectDataMgr;
 class CRestServWebMgr;
+class CServiceStateMgr;
 
 /// Puts the workbench together: the managers, the plug-ins, the window.
 class Workbench : private PROJECTPACKAGE::IKpxProjLoadObserver {
@@ -48,6 +50,11 @@ private:
     void registerManagers();
     void connectParts();
     bool askToLogInAgain(const QString& reason);
+    /// False when a plug-in keeps its project open.
+    bool logOut();
+    void changeUser();
+    /// By the dialog; false when the user gave up.
+    bool askToLogIn(const QString& server, const QString& userName, QWidget* owner);
     /// What was known of another user or server is known no more.
     void followLogin();
     void readProjects();
@@ -78,6 +85,7 @@ private:
     Inbox m_inbox{m_client};
     ServiceWatch m_watch;
     UnreadWatch m_unread{m_client};
+    BellKey m_bellKey;
     MainWindow m_window;  // without commands before the registry deletes them
     ProgressDialog m_progress;
     Registry m_registry;  // ends the plug-ins before anything above
@@ -85,6 +93,7 @@ private:
     // Owned by the registry.
     CClientConfigMgr* m_config = nullptr;
     CRestServWebMgr* m_rest = nullptr;
+    CServiceStateMgr* m_state = nullptr;
     CCurProjectMgr* m_currentProject = nullptr;
     COrgDeptMgr* m_departments = nullptr;
     CAuthInfoMgr* m_rights = nullptr;

@@ -1,7 +1,7 @@
 #include "sdk/basecore/CmdObject.h"
 
 #include <QCoreApplication>
-#include <QDebug>
+#include <QLoggingCategory>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
@@ -9,6 +9,12 @@
 #include "sdk/basetools/TextConversion.h"
 
 namespace BASECORE::CMD {
+
+namespace {
+
+Q_LOGGING_CATEGORY(commands, "command")
+
+}  // namespace
 
 ICmdObject::~ICmdObject() = default;
 
@@ -100,7 +106,10 @@ bool CCmdObject::OnSetCursor() {
     return false;
 }
 
-CPushMsgCmdObj::CPushMsgCmdObj() : m_queue(std::make_unique<QObject>()) {}
+CPushMsgCmdObj::CPushMsgCmdObj() : m_queue(std::make_unique<QTimer>()) {
+    m_queue->setSingleShot(true);
+    QObject::connect(m_queue.get(), &QTimer::timeout, m_queue.get(), [this] { runQueued(); });
+}
 CPushMsgCmdObj::~CPushMsgCmdObj() = default;
 
 std::wstring CPushMsgCmdObj::GetGroup() const {
@@ -113,8 +122,7 @@ bool CPushMsgCmdObj::Execute() {
     SetFault({});
     SetStatus(CmdStatus::Running);
     m_isQueued = true;
-    // By a timer, which waits while somebody's call does; see BASEUI::Wait.
-    QTimer::singleShot(0, m_queue.get(), [this] { runQueued(); });
+    m_queue->start(0);
     return true;
 }
 
@@ -139,7 +147,7 @@ void CPushMsgCmdObj::runQueued() {
     settle();
     SetFault(fault);
     if (!fault.empty())
-        qWarning().noquote() << QString::fromStdWString(GetName()) << QString::fromStdWString(fault);
+        qCWarning(commands).noquote() << QString::fromStdWString(GetName()) << QString::fromStdWString(fault);
 }
 
 void CPushMsgCmdObj::Stop() {

@@ -6,7 +6,7 @@
 
 #include "sdk/basecore/ICmdObject.h"
 
-class QObject;
+class QTimer;
 
 namespace BASECORE::CMD {
 
@@ -84,8 +84,8 @@ private:
     void settle();
 
     bool m_isQueued = false;
-    int m_running = 0;                 // a run may have another one within it
-    std::unique_ptr<QObject> m_queue;  // receives the queued run; its end withdraws what is still queued
+    int m_running = 0;                // a run may have another one within it
+    std::unique_ptr<QTimer> m_queue;  // runs off for the queued run; a timer, see BASEUI::Wait
 };
 
 }  // namespace BASECORE::CMD

@@ -74,7 +74,6 @@ private:
         m_isOwn = !m_dialog->GetWindow();
         if (m_isOwn)
             m_dialog->ShowProgressDialog(text("处理状态"), text("正在等待服务应答，请稍后..."));
-        step();
     }
     bool step() {
         const Waiting::Amount amount = m_waiting.amount ? m_waiting.amount() : Waiting::Amount();

@@ -6,10 +6,6 @@
 
 namespace PROJECTPACKAGE {
 
-/// How many seconds connecting to the service may take (5 where it is not set), and how many it may be silent (30).
-inline constexpr wchar_t kConnectSeconds[] = L"Service/ConnectSeconds";
-inline constexpr wchar_t kSilenceSeconds[] = L"Service/SilenceSeconds";
-
 /// Settings of this user on this machine. Registered as "KpxClientConfigMgr".
 class HOSTSDK_API IKpxClientConfigMgr {
 public:

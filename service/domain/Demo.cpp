@@ -14,6 +14,7 @@ namespace {
 
 constexpr auto Organisation = "demo-org";
 constexpr auto SecondDept = "demo-dept-2";
+constexpr auto NextDept = "demo-dept-3";
 
 struct Folder {
     const char* name;
@@ -67,6 +68,8 @@ bool seedDemo(IStore& store, const Passwords& passwords) {
             store.putDepartment({SecondDept, "第二项目部", Organisation});
             store.putProject({1001, "滨江花园一期工程", DemoDept});
             store.putProject({1002, "科技园综合楼工程", SecondDept});
+            store.putDepartment({NextDept, "第三项目部", Organisation});
+            store.putProject({1003, "滨江花园二期工程", NextDept});
         }
         for (const Member& member : members) {
             if (store.person(member.username))
@@ -75,6 +78,10 @@ bool seedDemo(IStore& store, const Passwords& passwords) {
                              member.username + std::string("@demo.example")});
             store.putMember(member.deptId, member.username);
             store.putRights(member.deptId, member.username, member.rights);
+            if (member.username == std::string_view("demo")) {  // has two projects to go to and fro
+                store.putMember(NextDept, member.username);
+                store.putRights(NextDept, member.username, member.rights);
+            }
         }
         const bool isNew = !store.hasTopCatalog(DemoDept);
         if (isNew) {

@@ -78,7 +78,7 @@ TEST_F(ApiClientTest, MakesTheBodyThatTheTypeAsksFor) {
     EXPECT_EQ(request.header("Content-Type"), "application/x-www-form-urlencoded; charset=utf-8");
 
     request = send("POST", {}, nullptr, {}, {{"a", "1"}},
-                   {{"f", ModelBase::toHttpContent("f", std::string("\0\xff", 2), "image/png")}, {"none", nullptr}},
+                   {{"f", ModelBase::toHttpContent("x", std::string("\0\xff", 2), "image/png")}, {"none", nullptr}},
                    media::kMultipart);
     const std::string type = request.header("Content-Type");
     ASSERT_EQ(type.rfind("multipart/form-data; boundary=", 0), 0u) << type;

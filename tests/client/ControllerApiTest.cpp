@@ -4,8 +4,13 @@
 #include <iterator>
 #include <map>
 #include <sstream>
+#include <sys/socket.h>
+#include <thread>
 #include <type_traits>
 #include <utility>
+
+#include <QTcpServer>
+#include <QTcpSocket>
 
 #include "client/api/ApiException.h"
 #include "client/api/DisclosureCatalogControllerApi.h"
@@ -204,11 +209,14 @@ TEST_F(ControllerApiTest, StatusAndTypeOfTheAnswerAreChecked) {
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(*content), {}), "gone");
     EXPECT_EQ(failure(RawHttpServer::text("500 Oh no", "Content-Type: text/html\r\n", "<p>")),
               "500: " + error + "Oh no");
-    EXPECT_EQ(failure({"HTTP/1.1 503 Busy\r\nContent-Length: 100\r\n\r\nhalf", true}), "503: " + error + "Busy");
+    EXPECT_EQ(failure({"HTTP/1.1 503 Busy\r\nContent-Length: 100\r\n\r\nhalf"}), "503: " + error + "Busy");
 
     for (const char* location : {"", "Location: /login\r\n"}) {
-        EXPECT_EQ(failure(RawHttpServer::text("302 Found", location, "<html>")), "302: 302 error");
+        server.reset();
+        server.then(RawHttpServer::text("302 Found", location, "<html>")).then(RawHttpServer::json(R"({"code":200})"));
+        EXPECT_EQ(outcome([&] { catalogs.listDisclosureCatalogByDeptId("d").get(); }), "302: 302 error");
         EXPECT_EQ(content, nullptr);
+        EXPECT_EQ(server.requests().size(), 1u) << "it was followed";
     }
     EXPECT_EQ(failure(RawHttpServer::text("200 OK", "Content-Type: text/html;charset=GBK\r\n", "<html>")),
               "302: http://" + server.address() + "/rs/disclosure/catalog/list_disclosure_catalog_by_deptid");
@@ -223,14 +231,13 @@ TEST_F(ControllerApiTest, StatusAndTypeOfTheAnswerAreChecked) {
 }
 
 TEST_F(ControllerApiTest, BrokenAnswersFailTheTask) {
-    for (const char* body : {"", "{", "{\"code\":200}x", "<html>", "{\"code\":\"200\"}", "{\"result\":{}}", "\xff\xfe"})
+    for (const char* body : {"", "{", "{\"code\":200}x", "<html>", "{\"code\":\"200\"}", "\xff\xfe"})
         EXPECT_EQ(failure(RawHttpServer::json(body)), "other") << body;
     EXPECT_EQ(failure(RawHttpServer::json(std::string(100'000, '['))), "other");
-    EXPECT_EQ(
-        failure({"HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: 100\r\n\r\n{\"code\"", true}),
-        "other");
-    EXPECT_EQ(failure({"not HTTP at all\r\n\r\n", true}), "other");
-    EXPECT_EQ(failure({"\r\n", true}), "other");
+    EXPECT_EQ(failure({"HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: 100\r\n\r\n{\"code\""}),
+              "other");
+    EXPECT_EQ(failure({"not HTTP at all\r\n\r\n"}), "other");
+    EXPECT_EQ(failure({"\r\n"}), "other");
 
     EXPECT_EQ(
         failure(RawHttpServer::text(
@@ -240,14 +247,78 @@ TEST_F(ControllerApiTest, BrokenAnswersFailTheTask) {
     late.delay = std::chrono::milliseconds(300);
     EXPECT_EQ(failure(late), "");
 
-    web::http::client::http_client_config impatient;
-    impatient.set_timeout(std::chrono::milliseconds(300));
-    configuration->setHttpConfig(impatient);
-    EXPECT_EQ(failure({}), "other");
     configuration->setBaseUrl("http://127.0.0.1:1/rs");
     EXPECT_EQ(failure(RawHttpServer::json("{}")), "other");
     configuration->setBaseUrl("http:///rs");
     EXPECT_EQ(failure(RawHttpServer::json("{}")), "other");
+}
+
+/// What connecting and silence may take.
+class LimitsTest : public ControllerApiTest {
+protected:
+    static constexpr std::chrono::seconds kNever{60};
+
+    /// The system's word for what a listing came to.
+    std::string listing() {
+        try {
+            catalogs.listDisclosureCatalogByDeptId("d").get();
+        } catch (const web::http::http_exception& error) {
+            return error.error_code() == std::errc::timed_out ? "late" : "broken";
+        }
+        return "";
+    }
+};
+
+TEST_F(LimitsTest, OnlyWhoIsSilentIsLate) {
+    configuration->setLimits(std::chrono::milliseconds(500), kNever);
+    auto slow = RawHttpServer::json(R"({"code":200})");
+    slow.delay = std::chrono::milliseconds(900);
+    server.then(slow);
+    EXPECT_EQ(listing(), "") << "it was connected in time";
+    configuration->setLimits(kNever, std::chrono::milliseconds(500));
+    EXPECT_NE(listing(), "");
+
+    // A peer whose line of those who wait is full: the system does not answer the next one.
+    QTcpServer deaf;
+    deaf.setMaxPendingConnections(1);
+    ASSERT_TRUE(deaf.listen(QHostAddress::LocalHost));
+    ::listen(static_cast<int>(deaf.socketDescriptor()), 0);
+    QTcpSocket waiting[3];
+    for (QTcpSocket& socket : waiting) {
+        socket.connectToHost(QHostAddress::LocalHost, deaf.serverPort());
+        socket.waitForConnected(100);
+    }
+    configuration->setBaseUrl("http://127.0.0.1:" + std::to_string(deaf.serverPort()) + "/rs");
+    configuration->setLimits(std::chrono::milliseconds(300), kNever);
+    EXPECT_EQ(listing(), "late");
+}
+
+TEST_F(LimitsTest, ASlowAnswerThatMovesIsWaitedForAndACallCanBeGivenUp) {
+    QTcpServer trickle;
+    ASSERT_TRUE(trickle.listen(QHostAddress::LocalHostIPv6)) << "the address goes in brackets";
+    const std::string authority = "[::1]:" + std::to_string(trickle.serverPort());
+    configuration->setBaseUrl("http://" + authority + "/rs/");
+    configuration->setLimits(kNever, std::chrono::seconds(1));
+    auto call = catalogs.listDisclosureCatalogByDeptId("d");
+    ASSERT_TRUE(trickle.waitForNewConnection(10000));
+    QTcpSocket& socket = *trickle.nextPendingConnection();
+    ASSERT_TRUE(socket.waitForReadyRead(10000));
+    const QByteArray asked = socket.readAll();
+    EXPECT_TRUE(asked.startsWith("GET /rs/disclosure/")) << asked.constData();
+    EXPECT_TRUE(asked.contains("Host: " + QByteArray::fromStdString(authority))) << asked.constData();
+    const QByteArray body = R"({"code":200})" + QByteArray(30000, ' ');
+    socket.write("HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: " +
+                 QByteArray::number(body.size()) + "\r\n\r\n");
+    for (int at = 0; at < body.size(); at += 5000) {  // twice the limit in all
+        socket.write(body.mid(at, 5000));
+        socket.waitForBytesWritten(1000);
+        std::this_thread::sleep_for(std::chrono::milliseconds(350));
+    }
+    EXPECT_EQ(outcome([&] { EXPECT_EQ(call.get()->getCode(), 200); }), "");
+
+    auto next = catalogs.listDisclosureCatalogByDeptId("d");
+    catalogs.cancelCalls();
+    EXPECT_NE(outcome([&] { next.get(); }), "");
 }
 
 }  // namespace

@@ -19,6 +19,8 @@ template <class M>
 void readInto(M& model, const std::string& text) {
     auto json = value::parse(text);
     model.fromJson(json);
+    if constexpr (requires { model.checkResult(); })
+        model.checkResult();
 }
 
 /// A record read from the hand-written file of its name: has every field of the file and no other, and writes the same

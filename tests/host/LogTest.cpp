@@ -3,10 +3,10 @@
 
 #include <QDir>
 #include <QFile>
-#include <QLoggingCategory>
 #include <QTemporaryDir>
 
 #include "host/log/EventLog.h"
+#include "host/log/Messages.h"
 #include "host/managers/FunctionLogMgr.h"
 
 namespace {
@@ -46,21 +46,23 @@ TEST(EventLog, KeepsActionsAndMessagesApartAndTellsBoth) {
     QStringList told;
     QObject::connect(&log, &workbench::EventLog::written, [&](const QString& line) {
         told.append(line);
-        qInfo("an echo that must not come back");
+        qCInfo(workbench::messages, "an echo that must not come back");
     });
     workbench::CFunctionLogMgr manager(log);
     EXPECT_EQ(manager.GetLogger()->Write(L"新建目录", L"技术→交底管理\n→新建目录"), 0);
-    qWarning("service gone");
-    const QLoggingCategory windowSystem("qt.qpa.xcb");
-    qCWarning(windowSystem, "BadWindow");
-    std::thread([] { qInfo("from another thread"); }).join();
+    qCWarning(workbench::messages, "service gone");
+    for (const char* technical : {"qt.qpa.xcb", "qml", "default"}) {
+        const QLoggingCategory category(technical);
+        qCWarning(category, "BadWindow");
+    }
+    std::thread([] { qCInfo(workbench::messages, "from another thread"); }).join();
 
     const QString actions = contents(dir.filePath("function.log"));
     EXPECT_TRUE(actions.contains("新建目录  技术→交底管理 →新建目录")) << actions.toStdString();
     EXPECT_EQ(actions.count('\n'), 1);
     const QString messages = contents(dir.filePath("workbench.log"));
     EXPECT_TRUE(messages.contains("service gone") && messages.contains("from another thread"));
-    EXPECT_TRUE(messages.contains("BadWindow") && !log.history().join('\n').contains("BadWindow"));
+    EXPECT_TRUE(messages.count("BadWindow") == 3 && !log.history().join('\n').contains("BadWindow"));
     EXPECT_GE(told.size(), 3);
     EXPECT_TRUE(log.history().join('\n').contains("service gone"));
 }

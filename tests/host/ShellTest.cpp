@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDockWidget>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -17,9 +18,11 @@
 #include "host/shell/LoginDialog.h"
 #include "sdk/basecore/IRestServWebMgr.h"
 #include "sdk/basecore/ManagerNames.h"
+#include "sdk/baseui/MessageBox.h"
 #include "sdk/packages/IAuthInfoMgr.h"
 #include "sdk/packages/ICasMgr.h"
 #include "sdk/packages/IKpxCurProjectMgr.h"
+#include "sdk/packages/IServiceStateMgr.h"
 #include "tests/host/Windows.h"
 
 namespace {
@@ -140,6 +143,75 @@ TEST_F(WholeWorkbench, AnotherUserWhoLogsInBringsOwnRights) {
     EXPECT_TRUE(rest->RenewSession(BASECORE::NAMES::kServiceKey, L"302"));
     EXPECT_TRUE(shows("当前用户：李工"));
     EXPECT_FALSE(rights->HasAuth(310201));
+}
+
+TEST_F(WholeWorkbench, AUserLogsOutAndIn) {
+    support::Veto veto;
+    start();
+    EXPECT_TRUE(bench->window().isMaximized());
+    EXPECT_FALSE(bench->window().findChild<QDockWidget*>()->isVisible()) << "the log is there on demand";
+    auto* project = LookupManager<PROJECTPACKAGE::IKpxCurProjectMgr>(BASECORE::NAMES::kCurrentProject);
+    project->AddProjLoadObserver(&veto, 5);
+    BASEUI::SetMessageBoxHandler([](const auto&, auto*, auto) { return BASEUI::MessageResult::Ok; });
+    emit bench->window().logOutWanted();
+    EXPECT_EQ(project->GetCurDeptId(), L"D1") << "a plug-in keeps it";
+    BASEUI::SetMessageBoxHandler({});
+    veto.holds = false;
+    emit bench->window().logOutWanted();
+    EXPECT_EQ(platform.server.requests().back().target, "/rs/auth/logout");
+    EXPECT_TRUE(shows("未登录") && shows("没有打开的工程"));
+    EXPECT_FALSE(chooser()->isEnabled());
+    EXPECT_FALSE(showing<QToolButton>(bench->window(), "GOOD_Cmd")->isEnabled());
+    typeIntoLogin("demo");
+    emit bench->window().userChangeWanted();
+    EXPECT_TRUE(shows("当前用户：张工") && shows("第一项目部"));
+    bench.reset();
+}
+
+TEST_F(WholeWorkbench, TheBellRingsOverThePlugInsWindow) {
+    start();
+    QDialog modal(&bench->window());
+    modal.setModal(true);
+    modal.show();
+    QWidget* over = nullptr;
+    QTimer::singleShot(0, [&] { QTest::keyClick(&modal, Qt::Key_M, Qt::ControlModifier); });
+    ASSERT_TRUE(support::comesTrue([&] {
+        auto* list = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!list || list == &modal)
+            return false;
+        over = list->parentWidget();
+        QTest::keyClick(list, Qt::Key_M, Qt::ControlModifier);
+        list->reject();
+        return true;
+    }));
+    EXPECT_EQ(over, &modal);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(QApplication::activeModalWidget(), &modal) << "one list is enough";
+}
+
+TEST_F(WholeWorkbench, PlugInsLearnFromTheEventLoopWhetherTheServiceAnswers) {
+    struct : BASEPACKAGE::IServiceStateObserver {
+        void OnServiceStateChanged(bool reachable) override { told.push_back(reachable); }
+        std::vector<bool> told;
+    } observer, removed;
+    start();
+    auto* state = LookupManager<BASEPACKAGE::IServiceStateMgr>(BASECORE::NAMES::kServiceState);
+    ASSERT_NE(state, nullptr);
+    for (int i = 0; i < 2; ++i)
+        state->AddObserver(&observer);
+    state->AddObserver(&removed);
+    state->RemoveObserver(&removed);
+    EXPECT_TRUE(state->IsReachable() && state->GetReason().empty());
+    platform.server.stop();
+    emit bench->window().projectsWanted();
+    EXPECT_FALSE(state->IsReachable());
+    EXPECT_NE(state->GetReason(), L"");
+    EXPECT_TRUE(observer.told.empty()) << "not from within the call";
+    EXPECT_TRUE(support::comesTrue([&] { return observer.told.size() == 1; }));
+    platform.server.restart();
+    EXPECT_TRUE(support::comesTrue([&] { return observer.told.size() == 2; }));
+    EXPECT_EQ(observer.told, (std::vector<bool>{false, true}));
+    EXPECT_TRUE(removed.told.empty());
 }
 
 TEST_F(WholeWorkbench, AVetoPutsTheChooserBack) {

@@ -7,10 +7,8 @@
 namespace {
 
 using namespace DISCLOSUREPACKAGE;
-using support::RawHttpServer;
 using support::readText;
 using testing::ElementsAre;
-using testing::Pair;
 using testing::SizeIs;
 
 class TaskFollowUpTest : public support::ManagerTest {
@@ -74,30 +72,6 @@ TEST_F(TaskFollowUpTest, ConditionsAreDepartmentsAndPeople) {
     ASSERT_TRUE(departments.size() == 1 && people.size() == 1);
     EXPECT_EQ(departments[0].key + departments[0].name + departments[0].headUuid, L"dept-1一分部");
     EXPECT_EQ(people[0].key + people[0].name + people[0].headUuid, L"zhang.san张三head-17");
-}
-
-TEST_F(TaskFollowUpTest, FailuresLeaveTheListsAndARenewalRepeats) {
-    server.then(RawHttpServer::json(R"({"code":429,"msg":"请稍后再催办"})"));
-    EXPECT_FALSE(followUp.UrgeReceivers(L"t-1"));
-    EXPECT_THAT(host.rest.reported, ElementsAre(Pair(429, L"请稍后再催办")));
-
-    answer(answerOf(R"([{"id":"a"},{"id":1}])"));
-    std::vector<OperationLogRecord> entries;
-    std::vector<OwnTaskRecord> tasks;
-    std::vector<TaskCondition> conditions;
-    int32_t total = 7;
-    EXPECT_FALSE(followUp.ListOperationLog(L"t-1", entries));
-    answer(answerOf("null"));
-    EXPECT_FALSE(followUp.PageOwnTasks({}, tasks, total));
-    EXPECT_FALSE(followUp.QueryConditions(conditions, conditions));
-    EXPECT_TRUE(entries.empty() && tasks.empty() && conditions.empty());
-    EXPECT_EQ(total, 7);
-
-    answer(support::kExpired);
-    server.then(answerOf("[]"));
-    host.rest.renewals = {true};
-    EXPECT_TRUE(followUp.ListOperationLog(L"t-1", entries));
-    EXPECT_THAT(server.requests(), SizeIs(2));
 }
 
 }  // namespace
