@@ -268,6 +268,7 @@ void Tasks::addLog(const TaskKey& key, LogEntry entry) {
 }
 
 void Tasks::savePushConfig(PushConfig config) {
+    checkReminders(config);
     if (config.id.empty())
         config.id = newId();
     else if (!isId(config.id))
@@ -281,6 +282,7 @@ void Tasks::savePushConfig(PushConfig config) {
 }
 
 void Tasks::updatePushConfig(const PushConfig& stored, PushConfig config) {
+    checkReminders(config);
     config.id = stored.id;
     config.deptId = stored.deptId;
     m_store.putPushConfig(config);
