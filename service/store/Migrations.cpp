@@ -227,6 +227,10 @@ const std::vector<Migration> Steps{
         "ALTER TABLE person ADD COLUMN active INTEGER NOT NULL DEFAULT 1",
 #undef DISCLOSURE_USE
     },
+    {
+        // 10: capitals and small letters are the same in every script; until now some were passed over
+        "UPDATE task SET search_name = search_name(name) WHERE search_name <> search_name(name)",
+    },
 };
 
 }  // namespace

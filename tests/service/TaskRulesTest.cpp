@@ -224,7 +224,11 @@ TEST_F(TaskRules, CountsFollowMovesAndDeletions) {
     EXPECT_EQ(remove(R"("a","none")").code(), 404);
     EXPECT_EQ(taskNumber("demo-catalog-17"), 2) << "all or none";
     EXPECT_EQ(remove(R"("a","b","a")").code(), 200);
-    EXPECT_EQ(remove("").status, 400);
+    EXPECT_EQ(remove("").msg(), "请选择要删除的任务");
+    std::string many = R"("x0")";
+    for (int i = 1; i <= 1000; ++i)
+        many += R"(,"x)" + std::to_string(i) + '"';
+    EXPECT_EQ(remove(many).msg(), "一次最多删除1000个任务");
     EXPECT_EQ(taskNumber("demo-catalog-4"), 1);
     EXPECT_EQ(demo.del(DeletePath, R"({"id":"demo-catalog-2","isContainsTask":1})").code(), 200);
     EXPECT_EQ(page("disclosureCatalogId="), Ids{"p"});
