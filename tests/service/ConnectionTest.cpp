@@ -130,12 +130,9 @@ TEST(Connections, TheEndDropsWhatIsStillWaiting) {
     Server::Settings settings = TestService::quick();
     settings.drainTime = milliseconds(100);
     auto service = std::make_unique<TestService>(settings);
-    const std::string file = service->file();
     const auto number = [&] { return service->number("SELECT COUNT(*) FROM catalog"); };
     const long long before = number();
     const std::string cookie = service->loggedIn("demo").cookie();
-    SqliteDatabase reader(file);
-    const auto store = reader.connect();
     Lock lock(*service);
     std::list<Wire> waiting;
     for (int i = 0; i < 4; ++i) {
