@@ -8,6 +8,7 @@
 #include <spdlog/spdlog.h>
 #include <sqlite3.h>
 #include <thread>
+#include <utility>
 
 #include "bench/Client.h"
 #include "bench/Report.h"
@@ -241,11 +242,21 @@ void benchHttp(Subject& large) {
     const Service service({{}, {}, now, Passwords::Cost::Lowest}, files);
     Dispatcher dispatcher(service, large.database, {});
     std::vector<double> times;
+    const auto ours = [&, isWarm = false]() mutable {
+        if (!std::exchange(isWarm, true)) {
+            std::vector<double> warmingUp;
+            return overHttp(served.port(), cookie, warmingUp);
+        }
+        return overHttp(served.port(), cookie, times);
+    };
     bench::Row(
-        "a page over HTTP, 8 connections / the same work without HTTP", 1 / 0.7,
-        [&] { return overHttp(served.port(), cookie, times); }, [&] { return withoutHttp(dispatcher, cookie); }, 5);
+        "a page over HTTP, 8 connections / the same work without HTTP", 1 / 0.7, ours,
+        [&] { return withoutHttp(dispatcher, cookie); }, 5);
     std::sort(times.begin(), times.end());
-    std::printf("p99 of a page over HTTP, 8 connections | %.3f ms | - | - | -\n", times[times.size() * 99 / 100] * 1e3);
+    const double median = times[times.size() / 2];
+    const double slow = times[times.size() * 99 / 100];
+    std::printf("p99 of a page over HTTP, 8 connections / the median | %.3f ms | %.3f ms | %.2f | <= 10.00\n", slow * 1e3,
+                median * 1e3, slow / median);
     const double memory = bench::memory(served.pid(), "VmHWM:");
     std::printf("memory at a million tasks under load | %.1f MB | 200.0 MB | %.2f | <= 1.00\n", memory, memory / 200);
 }

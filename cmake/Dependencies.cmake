@@ -11,6 +11,7 @@ find_package(tomlplusplus REQUIRED)
 find_package(SQLite3 REQUIRED)
 find_package(yaml-cpp REQUIRED)
 find_package(CURL REQUIRED)
+find_package(ICU REQUIRED COMPONENTS uc)
 find_package(date REQUIRED)
 pkg_check_modules(sodium REQUIRED IMPORTED_TARGET libsodium)
 

@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "service/commands/Commands.h"
+#include "service/commands/Descriptors.h"
 #include "service/commands/Open.h"
 #include "service/commands/Repeating.h"
 #include "service/domain/Catalogs.h"
@@ -81,14 +82,16 @@ int serve(const Settings& settings) {
     std::signal(SIGXFSZ, SIG_IGN);
     const auto database = migratedDatabaseOf(settings);
     const FileFolder files = filesOf(settings, *database->connect());
-    const Service service(
-        {settings.hosts, settings.limits, now, Passwords::Cost::Interactive, settings.quotaMegabytes * 1024 * 1024},
-        files);
+    const Service service({settings.hosts, settings.limits, now, Passwords::Cost::Interactive,
+                           settings.quotaMegabytes * 1024 * 1024, settings.behindTls},
+                          files);
     Dispatcher dispatcher(service, *database, settings.dispatcher);
     std::unique_ptr<Reminding> reminding;  // before anybody is told of a service that then ends
     if (settings.reminds)
         reminding = std::make_unique<Reminding>(settings, *database);
-    Server server(dispatcher, settings.server);
+    Server::Settings ofServer = settings.server;
+    ofServer.mostConnections = raiseDescriptors(settings);
+    Server server(dispatcher, ofServer);
     const bool bracketed = settings.server.host.find(':') != std::string::npos;
     std::cout << "listening on " << (bracketed ? "[" : "") << settings.server.host << (bracketed ? "]" : "") << ':'
               << server.port() << std::endl;

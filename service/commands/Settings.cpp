@@ -43,6 +43,25 @@ std::int64_t number(const toml::node& node, const std::string& key, std::int64_t
     return *value;
 }
 
+std::vector<std::string> texts(const toml::node& node, const std::string& key) {
+    if (!node.is_array())
+        wrong(key, "must be a list of texts");
+    std::vector<std::string> all;
+    for (const toml::node& one : *node.as_array())
+        all.push_back(text(one, key));
+    return all;
+}
+
+std::vector<std::string> proxies(const toml::node& node, const std::string& key) {
+    std::vector<std::string> all = texts(node, key);
+    try {
+        static_cast<void>(Clients(all));
+    } catch (const std::invalid_argument& error) {
+        wrong(key, error.what());
+    }
+    return all;
+}
+
 bool flag(const toml::node& node, const std::string& key) {
     const auto value = node.value_exact<bool>();
     if (!value)
@@ -93,15 +112,13 @@ void Settings::read(const std::string& file) {
     using Setter = std::function<void(const toml::node&, const std::string&)>;
     const std::map<std::string, Setter> setters{
         {"server.listen", [&](auto& node, auto& key) { listen(text(node, key)); }},
-        {"server.hosts",
-         [&](auto& node, auto& key) {
-             if (!node.is_array())
-                 wrong(key, "must be a list of texts");
-             for (const toml::node& name : *node.as_array())
-                 hosts.push_back(text(name, key));
-         }},
+        {"server.hosts", [&](auto& node, auto& key) { hosts = texts(node, key); }},
+        {"server.proxies", [&](auto& node, auto& key) { server.proxies = proxies(node, key); }},
+        {"server.behind_tls", [&](auto& node, auto& key) { behindTls = flag(node, key); }},
         {"server.io_threads", [&](auto& node, auto& key) { server.ioThreads = number(node, key, 1, 64); }},
         {"server.connections", [&](auto& node, auto& key) { server.mostConnections = number(node, key, 1, 100'000); }},
+        {"server.connections_of_one",
+         [&](auto& node, auto& key) { server.connectionsOfOne = number(node, key, 1, 100'000); }},
         {"server.log_level", [&](auto& node, auto& key) { logLevel = text(node, key); }},
         {"database.url", [&](auto& node, auto& key) { database = text(node, key); }},
         {"database.readers", [&](auto& node, auto& key) { dispatcher.readers = number(node, key, 1, 64); }},
@@ -113,9 +130,20 @@ void Settings::read(const std::string& file) {
          [&](auto& node, auto& key) { asideDays = static_cast<std::int32_t>(number(node, key, 1, 3650)); }},
         {"files.uploads", [&](auto& node, auto& key) { dispatcher.uploads = number(node, key, 1, 1000); }},
         {"files.downloads", [&](auto& node, auto& key) { dispatcher.downloads = number(node, key, 1, 10'000); }},
+        {"files.uploads_of_one", [&](auto& node, auto& key) { dispatcher.uploadsOfOne = number(node, key, 1, 1000); }},
+        {"files.downloads_of_one",
+         [&](auto& node, auto& key) { dispatcher.downloadsOfOne = number(node, key, 1, 10'000); }},
         {"login.workers", [&](auto& node, auto& key) { dispatcher.loginWorkers = number(node, key, 1, 16); }},
         {"login.attempts",
          [&](auto& node, auto& key) { limits.attempts = static_cast<std::int32_t>(number(node, key, 1, 1000)); }},
+        {"login.attempts_of_client",
+         [&](auto& node, auto& key) {
+             limits.attemptsOfClient = static_cast<std::int32_t>(number(node, key, 1, 100'000));
+         }},
+        {"login.attempts_on_person",
+         [&](auto& node, auto& key) {
+             limits.attemptsOnPerson = static_cast<std::int32_t>(number(node, key, 1, 100'000));
+         }},
         {"login.window_minutes",
          [&](auto& node, auto& key) { limits.attemptsWindow = number(node, key, 1, 1440) * Minute; }},
         {"session.idle_minutes", [&](auto& node, auto& key) { limits.idle = number(node, key, 2, 1440) * Minute; }},

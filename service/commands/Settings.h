@@ -23,6 +23,7 @@ struct Settings {
     ReminderSettings reminders;
     MailSettings mail;
     std::vector<std::string> hosts;
+    bool behindTls = false;
     std::string database;                  // "sqlite:PATH"
     std::string filesFolder;               // empty: beside the database
     std::int64_t quotaMegabytes = 51'200;  // of a department's files

@@ -1,6 +1,8 @@
 #include "service/domain/Accounts.h"
 
 #include <algorithm>
+#include <tuple>
+#include <utility>
 
 #include "service/ports/Changing.h"
 
@@ -10,15 +12,17 @@ namespace {
 
 // Longer ones cannot be anybody's, and would let a stranger fill the table of attempts.
 constexpr std::size_t LongestUsername = 64;
+// Stands in the table of attempts for all people or for all clients; nobody is called so.
+constexpr auto Anybody = "";
 
 }  // namespace
 
 Accounts::Login Accounts::login(IStore& store, const std::string& username, const std::string& password,
-                                const std::string& address) const {
-    if (username.size() > LongestUsername || password.size() > Passwords::Longest)
+                                const std::string& client) const {
+    if (username.empty() || username.size() > LongestUsername || password.size() > Passwords::Longest)
         return {Outcome::Wrong, {}, {}};
-    if (!countAttempt(store, username, address))
-        return {Outcome::Throttled, {}, {}};
+    if (const std::int64_t wait = countAttempt(store, username, client); wait > 0)
+        return {Outcome::Throttled, {}, {}, wait};
 
     const auto person = store.person(username);
     if (!m_passwords.matches(password, person && person->active ? person->passwordHash : std::string()))
@@ -31,7 +35,7 @@ Accounts::Login Accounts::login(IStore& store, const std::string& username, cons
         const auto still = store.person(username);
         if (!still || !still->active || still->passwordHash != person->passwordHash)
             return {Outcome::Wrong, {}, {}};
-        store.removeLoginAttempts(username, address);
+        forgetAttempt(store, username, client);
         store.removeSessionsSeenBefore(now - m_limits.idle);
         store.addSession({digestOf(id), username, now, now});
         return {Outcome::Accepted, id, *person};
@@ -39,19 +43,53 @@ Accounts::Login Accounts::login(IStore& store, const std::string& username, cons
 }
 
 /// Counts before the password is looked at, so that attempts in parallel, at any process, are counted all the same.
-bool Accounts::countAttempt(IStore& store, const std::string& username, const std::string& address) const {
+/// Returns how long to wait when it is one too many, else 0.
+std::int64_t Accounts::countAttempt(IStore& store, const std::string& username, const std::string& client) const {
     const std::int64_t now = m_clock();
+    const std::tuple<std::string, std::string, std::int32_t> counts[] = {
+        {username, client, m_limits.attempts},
+        {Anybody, client, m_limits.attemptsOfClient},
+        {username, Anybody, m_limits.attemptsOnPerson}};
+    const auto waitFor = [&] {
+        std::int64_t wait = 0;
+        for (const auto& [who, from, most] : counts) {
+            const LoginAttempts known = store.loginAttempts(who, from);
+            if (known.count >= most)
+                wait = std::max(wait, known.since + m_limits.attemptsWindow - now);
+        }
+        return wait;
+    };
+    // First without writing, so that nobody is held up by those who are refused anyway.
+    if (const std::int64_t wait = waitFor(); wait > 0)
+        return wait;
     return changing(store, [&] {
         store.removeLoginAttemptsBefore(now - m_limits.attemptsWindow);
-        LoginAttempts attempts = store.loginAttempts(username, address);
-        if (attempts.count >= m_limits.attempts)
-            return false;
-        if (attempts.count == 0)
-            attempts.since = now;
-        ++attempts.count;
-        store.putLoginAttempts(username, address, attempts);
-        return true;
+        const std::int64_t wait = waitFor();
+        if (wait > 0)
+            return wait;
+        for (const auto& [who, from, most] : counts) {
+            LoginAttempts known = store.loginAttempts(who, from);
+            if (known.count == 0)
+                known.since = now;
+            ++known.count;
+            store.putLoginAttempts(who, from, known);
+        }
+        return wait;
     });
+}
+
+/// The right password at last: what is left of the counts is what others have done, and the client to others.
+void Accounts::forgetAttempt(IStore& store, const std::string& username, const std::string& client) {
+    store.removeLoginAttempts(username, client);
+    for (const auto& [who, from] : {std::pair<std::string, std::string>(Anybody, client), {username, Anybody}}) {
+        LoginAttempts known = store.loginAttempts(who, from);
+        if (known.count <= 1) {
+            store.removeLoginAttempts(who, from);
+            continue;
+        }
+        --known.count;
+        store.putLoginAttempts(who, from, known);
+    }
 }
 
 std::optional<std::string> Accounts::personOf(IStore& store, const std::string& sessionId) const {

@@ -2,11 +2,13 @@
 
 #include "service/domain/NewId.h"
 #include "service/domain/Refusal.h"
+#include "service/domain/TaskChecks.h"
 #include "service/text/Text.h"
 
 namespace disclosure {
 
 void savePushConfig(IPushConfigStore& store, PushConfig config) {
+    checkReminders(config);
     if (config.id.empty())
         config.id = newId();
     else if (!isId(config.id))
@@ -20,6 +22,7 @@ void savePushConfig(IPushConfigStore& store, PushConfig config) {
 }
 
 void updatePushConfig(IPushConfigStore& store, const PushConfig& stored, PushConfig config) {
+    checkReminders(config);
     config.id = stored.id;
     config.deptId = stored.deptId;
     store.putPushConfig(config);

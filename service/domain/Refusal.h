@@ -74,6 +74,10 @@ inline constexpr Reason TooManyLinks{422, "最多可关联10个视口或构件"}
 inline constexpr Reason TooManyDocs{422, "最多可关联10份资料"};
 inline constexpr Reason TooManyFiles{422, "最多可上传10个附件"};
 inline constexpr Reason FieldTooLong{422, "关联项的内容过长或包含控制字符"};
+inline constexpr Reason NothingChosen{422, "请选择要删除的任务"};
+inline constexpr Reason TooManyChosen{422, "一次最多删除1000个任务"};
+inline constexpr Reason BadDaysAdvance{422, "提前提醒的天数应为0到30天"};
+inline constexpr Reason BadFrequency{422, "请选择提醒频率"};
 inline constexpr Reason BadLogKind{422, "操作类型无效"};
 
 inline constexpr Reason NotUploader{403, "只能撤回自己上传的文件"};

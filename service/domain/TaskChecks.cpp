@@ -120,4 +120,24 @@ void checkContent(TaskContent& content) {
     checkIds(content.docs);
 }
 
+void checkReminders(const PushConfig& config) {
+    constexpr std::int32_t MostDays = 30;
+    constexpr std::int32_t Once = 1;
+    constexpr std::int32_t OnceADay = 2;
+    if (config.daysAdvance < 0 || config.daysAdvance > MostDays)
+        throw Refusal(reasons::BadDaysAdvance);
+    for (const std::int32_t frequency : {config.advanceFrequency, config.overdueFrequency}) {
+        if (frequency != Once && frequency != OnceADay)
+            throw Refusal(reasons::BadFrequency);
+    }
+}
+
+void checkChosen(std::size_t count) {
+    constexpr std::size_t Most = 1000;
+    if (count == 0)
+        throw Refusal(reasons::NothingChosen);
+    if (count > Most)
+        throw Refusal(reasons::TooManyChosen);
+}
+
 }  // namespace disclosure

@@ -16,5 +16,8 @@ void checkContent(TaskContent& content);
 void checkRemark(const std::string& remark);
 void checkAttachments(const std::vector<TaskAttachment>& attachments);
 void checkField(const std::string& text, std::size_t longest);
+void checkReminders(const PushConfig& config);
+/// How many tasks are to be deleted at once.
+void checkChosen(std::size_t count);
 
 }  // namespace disclosure

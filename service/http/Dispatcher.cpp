@@ -10,62 +10,54 @@ namespace disclosure {
 
 namespace asio = boost::asio;
 
-std::shared_ptr<void> Places::take() {
-    for (std::size_t free = m_free; free > 0;) {
-        if (m_free.compare_exchange_weak(free, free - 1))
-            return {this, [](Places* places) { ++places->m_free; }};
-    }
-    return nullptr;
-}
-
-std::shared_ptr<void> PersonalPlaces::take(const std::string& username) {
-    const std::lock_guard lock(m_mutex);
-    std::size_t& taken = m_taken[username];
-    if (taken == m_most)
-        return nullptr;
-    ++taken;
-    return {this, [username](PersonalPlaces* places) {
-                const std::lock_guard guard(places->m_mutex);
-                const auto own = places->m_taken.find(username);
-                if (--own->second == 0)
-                    places->m_taken.erase(own);
-            }};
-}
-
 Dispatcher::Dispatcher(const Service& service, IDatabase& database, const Settings& settings)
     : m_service(service),
+      m_loginsOfOne(settings.loginsOfOne),
       m_uploads(settings.uploads),
-      m_ownUploads(settings.uploadsOfOne),
+      m_uploadsOfOne(settings.uploadsOfOne),
       m_downloads(settings.downloads),
+      m_downloadsOfOne(settings.downloadsOfOne),
       m_readers(database, settings.readers, settings.longestQueue),
       m_writer(database, 1, settings.longestQueue),
       m_loginWorkers(database, settings.loginWorkers, settings.longestLoginQueue) {}
 
-void Dispatcher::dispatch(Request request, std::string address, Done done) {
-    const Work work = m_service.workFor(request);
+Dispatcher::Body Dispatcher::bodyOf(const Request& header) const {
+    const Service::Asked asked = m_service.askedBy(header);
+    return asked.work == Work::Upload ? Body::Apart : asked.session ? Body::OfSession : Body::OfStranger;
+}
+
+void Dispatcher::admit(Request header, std::function<void(std::optional<Response>)> done) {
+    const bool taken = m_readers.submit(
+        [this, header = std::move(header), done](IStore& store) { done(m_service.refusalOf(header, store)); });
+    if (!taken)
+        done(answerBusy());
+}
+
+void Dispatcher::dispatch(Request request, std::string client, Done done) {
+    const Work work = m_service.askedBy(request).work;
     if (work == Work::None) {
-        done(m_service.answer(request, address, nullptr));
+        done(m_service.answer(request, client, nullptr));
         return;
     }
-    std::shared_ptr<void> place;
-    if (work == Work::Upload || work == Work::Download) {
-        place = (work == Work::Upload ? m_uploads : m_downloads).take();
-        if (!place) {
-            done({answerBusy()});
-            return;
-        }
-    }
-    const bool taken = workersFor(work).submit(
-        [this, request = std::move(request), address = std::move(address), place, done](IStore& store) {
-            Reply reply = m_service.answer(request, address, &store);
-            if (reply.file.upload || reply.file.content)
-                reply.file.place = place;
-            done(withinOwnPlaces(std::move(reply), store));
-            if (m_service.sessionUses().claim())
-                m_writer.add([this](IStore& writing) { m_service.sessionUses().write(writing); });
-        });
+    auto place = placeFor(work, client);
+    const bool taken = place && workersFor(work).submit([this, request = std::move(request), client = std::move(client),
+                                                         place = std::move(*place), done](IStore& store) {
+        done(withinShare(m_service.answer(request, client, &store), place, store));
+        if (m_service.sessionUses().claim())
+            m_writer.add([this](IStore& writing) { m_service.sessionUses().write(writing); });
+    });
     if (!taken)
         done({answerBusy()});
+}
+
+/// Nothing when all are taken; null where none is needed.
+std::optional<std::shared_ptr<void>> Dispatcher::placeFor(Work work, const std::string& client) {
+    if (work != Work::Login && work != Work::Upload && work != Work::Download)
+        return nullptr;
+    std::shared_ptr<void> place = work == Work::Login    ? m_loginsOfOne.take(client)
+                                  : work == Work::Upload ? m_uploads.take()
+                                                         : m_downloads.take();
+    return place ? std::optional(std::move(place)) : std::nullopt;
 }
 
 Workers& Dispatcher::workersFor(Work work) {
@@ -80,17 +72,21 @@ Workers& Dispatcher::workersFor(Work work) {
     }
 }
 
-Reply Dispatcher::withinOwnPlaces(Reply reply, IStore& store) {
-    if (!reply.file.upload)
+/// Of the transfers one person has only a share.
+Reply Dispatcher::withinShare(Reply reply, std::shared_ptr<void> place, IStore& store) {
+    Transfer& file = reply.file;
+    if (!file.upload && !file.content)
         return reply;
-    const PendingFile pending = reply.file.upload->pending();
-    if (auto own = m_ownUploads.take(pending.username)) {
-        reply.file.place = std::make_shared<std::pair<std::shared_ptr<void>, std::shared_ptr<void>>>(
-            std::move(reply.file.place), std::move(own));
+    if (auto share = (file.upload ? m_uploadsOfOne : m_downloadsOfOne).take(file.username)) {
+        using Both = std::pair<std::shared_ptr<void>, std::shared_ptr<void>>;
+        file.place = std::make_shared<Both>(std::move(place), std::move(share));
         return reply;
     }
-    reply.file = {};
-    m_service.giveUp(pending, store);
+    if (file.upload) {
+        const PendingFile pending = file.upload->pending();
+        file.upload.reset();
+        m_service.uploadEnd().giveUp(pending, store);
+    }
     return {answerBusy()};
 }
 
@@ -118,7 +114,7 @@ void Dispatcher::finish(std::shared_ptr<Upload> upload, std::function<void(Respo
             return;
         }
         m_writer.add([this, pending = upload->pending(), md5, done](IStore& store) {
-            done(m_service.keep(pending, md5, store));
+            done(m_service.uploadEnd().keep(pending, md5, store));
         });
     });
 }
@@ -127,7 +123,7 @@ void Dispatcher::abandon(std::shared_ptr<Upload> upload) {
     asio::post(m_fileThreads, [this, upload = std::move(upload)]() mutable {
         const PendingFile pending = upload->pending();
         upload.reset();
-        m_writer.add([this, pending](IStore& store) { m_service.giveUp(pending, store); });
+        m_writer.add([this, pending](IStore& store) { m_service.uploadEnd().giveUp(pending, store); });
     });
 }
 
@@ -144,11 +140,14 @@ void Dispatcher::read(std::shared_ptr<FileReader> content, std::span<char> piece
     });
 }
 
-void Dispatcher::settle() {
+void Dispatcher::settle(std::chrono::steady_clock::time_point until) {
+    // Nobody waits for these any more; what is begun is finished.
+    m_loginWorkers.stop(until);
+    m_readers.stop(until);
+    if (std::chrono::steady_clock::now() >= until)
+        m_fileThreads.stop();
     m_fileThreads.join();
-    m_readers.stop();
-    m_writer.stop();
-    m_loginWorkers.stop();
+    m_writer.stop(until);
 }
 
 }  // namespace disclosure

@@ -3,6 +3,7 @@
 #include <spdlog/spdlog.h>
 
 #include "service/http/Upload.h"
+#include "service/text/Percent.h"
 
 namespace disclosure {
 
@@ -19,20 +20,6 @@ const std::string& textIn(const Call& call, const char* key) {
 
 Files rulesFor(const Call& call) {
     return {*call.store, call.username, call.now};
-}
-
-/// The name as a header's parameter may carry it: every byte but letters and digits encoded.
-std::string encoded(const std::string& name) {
-    constexpr std::string_view Digits = "0123456789ABCDEF";
-    std::string text;
-    for (const char c : name) {
-        const auto byte = static_cast<unsigned char>(c);
-        if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '.' || c == '-')
-            text += c;
-        else
-            (text += '%').append({Digits[byte / 16U], Digits[byte % 16U]});
-    }
-    return text;
 }
 
 }  // namespace
@@ -55,7 +42,7 @@ Response sendFile(Call& call) {
     Response response = answerWith(http::status::ok, "", "");
     response.set(http::field::content_type, OctetStream);
     response.set(http::field::etag, "\"" + file.md5 + "\"");
-    response.set(http::field::content_disposition, "attachment; filename*=UTF-8''" + encoded(file.name));
+    response.set(http::field::content_disposition, "attachment; filename*=UTF-8''" + percentEncoded(file.name));
     return response;
 }
 

@@ -17,6 +17,11 @@ namespace disclosure {
 using Request = boost::beast::http::request<boost::beast::http::string_body>;
 using Response = boost::beast::http::response<boost::beast::http::string_body>;
 
+/// Beast's views are of a kind of their own.
+inline std::string_view viewOf(boost::beast::string_view text) {
+    return {text.data(), text.size()};
+}
+
 class FileReader;
 class Upload;
 
@@ -25,6 +30,7 @@ struct Transfer {
     std::shared_ptr<FileReader> content = {};  // the answer's body
     std::uint64_t contentSize = 0;
     std::shared_ptr<Upload> upload = {};  // leave to send the body, instead of an answer
+    std::string username = {};            // whose it is
     std::shared_ptr<void> place = {};     // among the transfers under way; given back with the last copy
 };
 
@@ -44,7 +50,7 @@ Response answerTo(const Refusal& refusal);
 /// To be called while an exception is being handled: the one place that turns a failure into an answer. `what` is for
 /// the log.
 Response answerToFailure(std::string_view what) noexcept;
-/// Too much is waiting or under way.
+/// Too much is waiting or under way, here or in the database.
 Response answerBusy();
 
 /// Wraps what `writeResult` writes, exactly one JSON value, as a success.

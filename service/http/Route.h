@@ -29,7 +29,7 @@ struct Call {
     const FileFolder& files;
     const Target& target;
     const rapidjson::Value& body;
-    const std::string& address;
+    const std::string& client;       // what counts as one
     std::string sessionId;           // empty where no session is asked for
     std::string username;            // the same
     std::string deptId;              // of a route with a department's scope
@@ -42,6 +42,7 @@ struct Call {
     std::optional<PushConfig> pushConfig = {};    // of Scope::BodyPushConfig
     std::int64_t bodySize = 0;                    // of an upload, as declared
     std::int64_t quota = 0;                       // a department's files may have so many bytes
+    bool secureCookie = false;                    // clients come over TLS only
 
     // What a handler gives back besides its answer, once its transaction is committed.
     Transfer file = {};

@@ -21,6 +21,8 @@ constexpr std::chrono::milliseconds DrainCheck{20};
 
 Server::Server(Dispatcher& dispatcher, const Settings& settings)
     : m_settings(settings),
+      m_clients(settings.proxies),
+      m_connectionsOfOne(settings.connectionsOfOne),
       m_dispatcher(dispatcher),
       m_io(static_cast<int>(settings.ioThreads)),
       m_acceptor(asio::make_strand(m_io)),
@@ -52,7 +54,7 @@ void Server::run(bool untilSignal) {
     for (std::thread& thread : threads)
         thread.join();
     // What was cut off at the deadline may still be at work, and will look for its connection.
-    m_dispatcher.settle();
+    m_dispatcher.settle(m_deadline);
 }
 
 void Server::serve() {
@@ -61,8 +63,12 @@ void Server::serve() {
             m_io.run();
             return;
         } catch (const std::exception& error) {
-            // One connection's failure, as when memory runs out, must not end the others.
+            // One connection's failure, as when memory runs out, must not end the others, nor that new ones come.
             spdlog::error("connection: {}", error.what());
+            asio::post(m_acceptor.get_executor(), [this] {
+                if (!m_accepting)
+                    accept();
+            });
         }
     }
 }
@@ -72,28 +78,58 @@ void Server::stop() {
 }
 
 void Server::accept() {
+    if (m_draining)
+        return;
     m_acceptor.async_accept(asio::make_strand(m_io), [this](boost::system::error_code error, tcp::socket socket) {
-        if (m_draining)
-            return;
-        if (error) {
-            // Out of descriptors, most likely: asking again at once would only burn the processor.
-            spdlog::warn("accept: {}", error.message());
-            m_timer.expires_after(AcceptPause);
-            m_timer.async_wait([this](boost::system::error_code) {
-                if (!m_draining)
-                    accept();
-            });
-            return;
-        }
-        if (m_connections.size() >= m_settings.mostConnections)
-            std::erase_if(m_connections, [](const auto& connection) { return connection.expired(); });
-        if (m_connections.size() < m_settings.mostConnections) {
-            const auto connection = std::make_shared<Connection>(std::move(socket), m_dispatcher, m_settings.limits);
-            m_connections.push_back(connection);
-            connection->start();
-        }
+        m_accepting = false;
+        onAccepted(error, std::move(socket));
+    });
+    m_accepting = true;
+}
+
+void Server::acceptLater() {
+    m_timer.expires_after(AcceptPause);
+    m_timer.async_wait([this](boost::system::error_code) {
+        m_accepting = false;
         accept();
     });
+    m_accepting = true;
+}
+
+void Server::onAccepted(boost::system::error_code error, tcp::socket socket) {
+    if (m_draining)
+        return;
+    if (error) {
+        // Out of descriptors, most likely: asking again at once would only burn the processor.
+        spdlog::warn("accept: {}", error.message());
+        acceptLater();
+        return;
+    }
+    try {
+        take(std::move(socket));
+    } catch (const std::exception& failure) {
+        spdlog::error("accept: {}", failure.what());
+    }
+    accept();
+}
+
+void Server::take(tcp::socket socket) {
+    if (m_connections.size() >= m_settings.mostConnections)
+        std::erase_if(m_connections, [](const auto& connection) { return connection.expired(); });
+    boost::system::error_code error;
+    const auto peer = socket.remote_endpoint(error).address();
+    if (error || m_connections.size() >= m_settings.mostConnections)
+        return;
+    std::shared_ptr<void> place;
+    if (!m_clients.isProxy(peer)) {
+        place = m_connectionsOfOne.take(Clients::keyOf(peer));
+        if (!place)
+            return;
+    }
+    const auto connection = std::make_shared<Connection>(std::move(socket), peer, m_dispatcher, m_clients,
+                                                         m_settings.limits, std::move(place));
+    m_connections.push_back(connection);
+    connection->start();
 }
 
 void Server::drain() {
@@ -111,7 +147,7 @@ void Server::drain() {
     awaitDrained();
 }
 
-/// The time-outs of reading and writing end every connection, but a slow client may not hold up the end that long.
+/// A slow client may not hold up the end for long.
 void Server::awaitDrained() {
     std::erase_if(m_connections, [](const auto& connection) { return connection.expired(); });
     if (m_connections.empty())

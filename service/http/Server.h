@@ -22,6 +22,8 @@ public:
         std::uint16_t port = 0;  // 0 takes a free one
         std::size_t ioThreads = 2;
         std::size_t mostConnections = 2000;
+        std::size_t connectionsOfOne = 200;  // client; those of a proxy are not counted
+        std::vector<std::string> proxies;    // whose word on where a request comes from is believed; see `Clients`
         ConnectionLimits limits;
         std::chrono::milliseconds drainTime{15'000};  // for requests in hand when it ends
     };
@@ -32,23 +34,30 @@ public:
     std::uint16_t port() const { return m_port; }
     /// Serves until `stop`, or with `untilSignal` until SIGINT or SIGTERM.
     void run(bool untilSignal = false);
-    /// Takes no more requests and lets `run` return when those in hand are answered. From any thread.
+    /// Takes no more requests and lets `run` return when those in hand are answered, or have had the time they are
+    /// given. From any thread.
     void stop();
 
 private:
     void accept();
+    void acceptLater();
+    void onAccepted(boost::system::error_code error, boost::asio::ip::tcp::socket socket);
+    void take(boost::asio::ip::tcp::socket socket);
     void serve();
     void drain();
     void awaitDrained();
 
     Settings m_settings;
+    Clients m_clients;
+    Shares m_connectionsOfOne;
     Dispatcher& m_dispatcher;
     boost::asio::io_context m_io;
     boost::asio::ip::tcp::acceptor m_acceptor;
     boost::asio::signal_set m_signals;
     boost::asio::steady_timer m_timer;
     std::uint16_t m_port = 0;
-    bool m_draining = false;  // this and what follows is touched on the acceptor's strand only
+    bool m_accepting = false;  // this and what follows is touched on the acceptor's strand only
+    bool m_draining = false;
     std::chrono::steady_clock::time_point m_deadline;
     std::vector<std::weak_ptr<Connection>> m_connections;
 };

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <boost/beast/core/string.hpp>
-#include <charconv>
 
 #include "service/http/HttpError.h"
+#include "service/text/Percent.h"
 #include "service/text/Text.h"
 
 namespace disclosure {
@@ -15,24 +15,17 @@ namespace {
     throw HttpError(boost::beast::http::status::bad_request, "请求地址无效");
 }
 
-std::string decoded(std::string_view text, bool plusIsBlank) {
-    std::string result;
-    result.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != '%') {
-            result.push_back(plusIsBlank && text[i] == '+' ? ' ' : text[i]);
-            continue;
-        }
-        unsigned byte = 0;
-        const char* digits = text.data() + i + 1;
-        if (i + 2 >= text.size() || std::from_chars(digits, digits + 2, byte, 16).ptr != digits + 2)
-            malformed();
-        result.push_back(static_cast<char>(byte));
-        i += 2;
-    }
-    if (!isUtf8(result) || result.find('\0') != std::string::npos)
+std::string decoded(std::string_view text) {
+    auto result = percentDecoded(text);
+    if (!result || !isUtf8(*result) || result->find('\0') != std::string::npos)
         malformed();
-    return result;
+    return std::move(*result);
+}
+
+std::string decodedQuery(std::string_view text) {
+    std::string blanks(text);
+    std::replace(blanks.begin(), blanks.end(), '+', ' ');
+    return decoded(blanks);
 }
 
 std::string_view takeUpTo(std::string_view& text, char separator) {
@@ -49,13 +42,13 @@ Target parsedTarget(std::string_view text) {
         malformed();
     Target target;
     text = takeUpTo(text, '#');
-    target.path = decoded(takeUpTo(text, '?'), false);
+    target.path = decoded(takeUpTo(text, '?'));
     while (!text.empty()) {
         auto value = takeUpTo(text, '&');
         if (value.empty())
             continue;
         const auto key = takeUpTo(value, '=');
-        if (!target.query.emplace(decoded(key, true), decoded(value, true)).second)
+        if (!target.query.emplace(decodedQuery(key), decodedQuery(value)).second)
             malformed();
     }
     return target;

@@ -9,12 +9,15 @@ Workers::Workers(IDatabase& database, std::size_t threads, std::size_t longestQu
         m_threads.emplace_back([this, &store] { work(*store); });
 }
 
-void Workers::stop() {
+void Workers::stop(std::chrono::steady_clock::time_point until) {
+    std::deque<Job> dropped;  // destroyed without the lock, since connections may end with them
     {
-        const std::lock_guard lock(m_mutex);
+        std::unique_lock lock(m_mutex);
         m_stopping = true;
+        m_wake.notify_all();
+        m_emptied.wait_until(lock, until, [this] { return m_queue.empty(); });
+        dropped.swap(m_queue);
     }
-    m_wake.notify_all();
     for (std::thread& thread : m_threads)
         thread.join();
     m_threads.clear();
@@ -49,6 +52,8 @@ void Workers::work(IStore& store) {
                 return;
             job = std::move(m_queue.front());
             m_queue.pop_front();
+            if (m_queue.empty())
+                m_emptied.notify_all();
         }
         job(store);
     }

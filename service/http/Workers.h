@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <functional>
@@ -18,7 +19,7 @@ public:
     using Job = std::function<void(IStore& store)>;
 
     Workers(IDatabase& database, std::size_t threads, std::size_t longestQueue);
-    ~Workers() { stop(); }
+    ~Workers() { stop({}); }
     Workers(const Workers&) = delete;
     Workers& operator=(const Workers&) = delete;
 
@@ -26,8 +27,8 @@ public:
     bool submit(Job job);
     /// However much is waiting: for what must follow something that was taken. Not after `stop`.
     void add(Job job);
-    /// Finishes what is queued.
-    void stop();
+    /// Finishes what is in hand; what is still waiting then is dropped.
+    void stop(std::chrono::steady_clock::time_point until);
 
 private:
     void work(IStore& store);
@@ -35,6 +36,7 @@ private:
     std::size_t m_longestQueue;
     std::mutex m_mutex;
     std::condition_variable m_wake;
+    std::condition_variable m_emptied;
     std::deque<Job> m_queue;
     bool m_stopping = false;
     std::vector<std::unique_ptr<IStore>> m_stores;

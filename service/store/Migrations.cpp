@@ -299,6 +299,10 @@ const std::vector<Migration> Steps{
         "INSERT INTO state_tally SELECT dept_id, state, deadline / 86400000, COUNT(*) FROM task "
         "GROUP BY dept_id, state, deadline / 86400000",
     },
+    {
+        // 12: capitals and small letters are the same in every script; until now some were passed over
+        "UPDATE task SET search_name = search_name(name) WHERE search_name <> search_name(name)",
+    },
 };
 
 #undef DISCLOSURE_TALLY_STATE

@@ -1,8 +1,9 @@
 #include "service/store/NameIndex.h"
 
 #include <algorithm>
-#include <cstdint>
+#include <array>
 #include <set>
+#include <sodium.h>
 #include <sqlite3.h>
 #include <stdexcept>
 
@@ -13,34 +14,6 @@ namespace disclosure {
 namespace {
 
 constexpr std::size_t MostPairsAsked = 12;  // more make the question slower and hardly sharper
-
-/// Latin, Greek, Cyrillic and full-width letters; others have no capitals that people here write.
-char32_t smallOf(char32_t c) {
-    const bool latin = (c >= U'A' && c <= U'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7);
-    const bool greek = c >= 0x391 && c <= 0x3A9;
-    const bool cyrillic = c >= 0x410 && c <= 0x42F;
-    const bool wide = c >= 0xFF21 && c <= 0xFF3A;
-    return latin || greek || cyrillic || wide ? c + 32 : c;
-}
-
-void append(std::string& text, char32_t c) {
-    const auto put = [&text](char32_t byte) { text.push_back(static_cast<char>(byte)); };
-    if (c < 0x80) {
-        put(c);
-    } else if (c < 0x800) {
-        put(0xC0 | (c >> 6U));
-        put(0x80 | (c & 0x3FU));
-    } else if (c < 0x10000) {
-        put(0xE0 | (c >> 12U));
-        put(0x80 | ((c >> 6U) & 0x3FU));
-        put(0x80 | (c & 0x3FU));
-    } else {
-        put(0xF0 | (c >> 18U));
-        put(0x80 | ((c >> 12U) & 0x3FU));
-        put(0x80 | ((c >> 6U) & 0x3FU));
-        put(0x80 | (c & 0x3FU));
-    }
-}
 
 /// The index does not tell capitals from small letters, ids do.
 std::string wordStart(std::string_view deptId) {
@@ -55,37 +28,44 @@ std::string wordStart(std::string_view deptId) {
 }
 
 void appendHex(std::string& word, char32_t c) {
-    constexpr auto Digits = "0123456789abcdef";
-    for (unsigned shift = 24; shift > 0;) {
-        shift -= 4;
-        word.push_back(Digits[(c >> shift) & 0xFU]);
-    }
+    const std::array<unsigned char, 3> bytes{static_cast<unsigned char>(c >> 16U), static_cast<unsigned char>(c >> 8U),
+                                             static_cast<unsigned char>(c)};
+    std::array<char, 2 * bytes.size() + 1> digits{};
+    word += sodium_bin2hex(digits.data(), digits.size(), bytes.data(), bytes.size());
 }
 
 std::u32string pointsOf(std::string_view text) {
     return codePoints(text).value_or(std::u32string());
 }
 
-void nameGrams(sqlite3_context* context, int, sqlite3_value** values) {
-    const auto text = [&](int i) {
-        const auto* bytes = static_cast<const char*>(sqlite3_value_blob(values[i]));
-        return std::string_view(bytes ? bytes : "", static_cast<std::size_t>(sqlite3_value_bytes(values[i])));
-    };
+std::string_view textIn(sqlite3_value* value) {
+    const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
+    return {bytes ? bytes : "", static_cast<std::size_t>(sqlite3_value_bytes(value))};
+}
+
+/// Gives the connection what `make` makes of the arguments.
+template <class Make>
+void answer(sqlite3_context* context, Make&& make) {
     try {
-        const std::string grams = gramsOf(text(0), text(1));
-        sqlite3_result_text(context, grams.data(), static_cast<int>(grams.size()), SQLITE_TRANSIENT);
+        const std::string text = make();
+        sqlite3_result_text(context, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
     } catch (const std::bad_alloc&) {
         sqlite3_result_error_nomem(context);
     }
 }
 
+void nameGrams(sqlite3_context* context, int, sqlite3_value** values) {
+    answer(context, [&] { return gramsOf(textIn(values[0]), textIn(values[1])); });
+}
+
+void searchName(sqlite3_context* context, int, sqlite3_value** values) {
+    answer(context, [&] { return searchForm(textIn(values[0])); });
+}
+
 }  // namespace
 
 std::string searchForm(std::string_view text) {
-    std::string result;
-    for (const char32_t c : pointsOf(text))
-        append(result, smallOf(c));
-    return result;
+    return foldedCase(text);
 }
 
 std::string gramsOf(std::string_view deptId, std::string_view text) {
@@ -130,8 +110,11 @@ bool gramQueryIsExact(std::string_view text) {
 
 void installNameGrams(sqlite3* connection) {
     const int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
-    if (sqlite3_create_function_v2(connection, "name_grams", 2, flags, nullptr, nameGrams, nullptr, nullptr, nullptr) !=
-        SQLITE_OK)
+    const auto teach = [&](const char* name, int arguments, void (*function)(sqlite3_context*, int, sqlite3_value**)) {
+        return sqlite3_create_function_v2(connection, name, arguments, flags, nullptr, function, nullptr, nullptr,
+                                          nullptr) == SQLITE_OK;
+    };
+    if (!teach("name_grams", 2, nameGrams) || !teach("search_name", 1, searchName))
         throw std::runtime_error("the database cannot be taught the name index");
 }
 

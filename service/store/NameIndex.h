@@ -18,7 +18,8 @@ std::string gramsOf(std::string_view deptId, std::string_view searchForm);
 std::string gramQuery(std::string_view deptId, std::string_view searchForm);
 bool gramQueryIsExact(std::string_view searchForm);
 
-/// Teaches the connection the function name_grams(dept_id, search_name), which the triggers of the name index call.
+/// Teaches the connection the functions name_grams(dept_id, search_name), which the triggers of the name index call,
+/// and search_name(name).
 void installNameGrams(sqlite3* connection);
 
 }  // namespace disclosure

@@ -33,6 +33,11 @@ int codeOf(const soci::sqlite3_soci_error& error) {
     return error.result() & 0xff;
 }
 
+bool hasCode(const std::exception& error, int code) {
+    const auto* failure = dynamic_cast<const soci::sqlite3_soci_error*>(&error);
+    return failure && codeOf(*failure) == code;
+}
+
 /// The folder first, so that there is no moment at which others can read the file.
 void makeFile(const std::string& path) {
     namespace fs = std::filesystem;
@@ -90,13 +95,11 @@ std::string logTextOf(const std::exception& error) {
 }
 
 bool isDatabaseFull(const std::exception& error) {
-    const auto* failure = dynamic_cast<const soci::sqlite3_soci_error*>(&error);
-    return failure && codeOf(*failure) == Full;
+    return hasCode(error, Full);
 }
 
 bool isConflict(const std::exception& error) {
-    const auto* failure = dynamic_cast<const soci::sqlite3_soci_error*>(&error);
-    return failure && codeOf(*failure) == Busy;
+    return hasCode(error, Busy);
 }
 
 SqliteDatabase::SqliteDatabase(std::string path) : m_path(std::move(path)) {

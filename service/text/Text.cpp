@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
+#include <unicode/uchar.h>
+#include <unicode/utf8.h>
 #include <utility>
 
 namespace disclosure {
@@ -11,37 +13,17 @@ namespace {
 
 constexpr std::size_t LongestId = 64;
 
-/// The bytes of a code point after its first one, by the first byte; -1 when no code point begins so.
-int trailingBytes(unsigned char first) {
-    if (first < 0x80)
-        return 0;
-    if (first >= 0xC2 && first <= 0xDF)
-        return 1;
-    if ((first & 0xF0U) == 0xE0)
-        return 2;
-    if (first >= 0xF0 && first <= 0xF4)
-        return 3;
-    return -1;
-}
-
 /// Takes one code point off the front of `text`.
 std::optional<char32_t> takeCodePoint(std::string_view& text) {
-    const auto first = static_cast<unsigned char>(text.front());
-    const int more = trailingBytes(first);
-    if (more < 0 || text.size() <= static_cast<std::size_t>(more))
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+    const auto most = static_cast<std::int32_t>(std::min<std::size_t>(text.size(), U8_MAX_LENGTH));
+    std::int32_t taken = 0;
+    UChar32 point = 0;
+    U8_NEXT(bytes, taken, most, point);
+    if (point < 0)
         return std::nullopt;
-    char32_t point = more == 0 ? first : first & (0x3FU >> static_cast<unsigned>(more));
-    for (int i = 1; i <= more; ++i) {
-        const auto byte = static_cast<unsigned char>(text[static_cast<std::size_t>(i)]);
-        if ((byte & 0xC0U) != 0x80)
-            return std::nullopt;
-        point = (point << 6U) | (byte & 0x3FU);
-    }
-    const bool overlong = (more == 2 && point < 0x800) || (more == 3 && point < 0x10000);
-    if (overlong || (point >= 0xD800 && point <= 0xDFFF) || point > 0x10FFFF)
-        return std::nullopt;
-    text.remove_prefix(static_cast<std::size_t>(more) + 1);
-    return point;
+    text.remove_prefix(static_cast<std::size_t>(taken));
+    return static_cast<char32_t>(point);
 }
 
 bool isBlank(char32_t point) {
@@ -119,6 +101,19 @@ bool isMailAddress(std::string_view text) {
            std::all_of(domain.begin(), domain.end(), [&](char c) { return isAlphanumeric(c) || c == '.' || c == '-'; });
 }
 
+std::string foldedCase(std::string_view text) {
+    std::string folded;
+    folded.reserve(text.size());
+    const auto take = [&folded](char32_t point) {
+        std::uint8_t bytes[U8_MAX_LENGTH];
+        std::int32_t count = 0;
+        U8_APPEND_UNSAFE(bytes, count, u_foldCase(static_cast<UChar32>(point), U_FOLD_CASE_DEFAULT));
+        folded.append(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(count));
+        return true;
+    };
+    return visitPoints(text, take) ? folded : std::string();
+}
+
 std::size_t lengthOf(std::string_view text) {
     std::size_t units = 0;
     const auto count = [&units](char32_t point) {
@@ -133,11 +128,10 @@ std::string trimmed(std::string_view text) {
     const auto begin = std::find_if_not(points.begin(), points.end(), isBlank);
     const auto end = std::find_if_not(points.rbegin(), std::make_reverse_iterator(begin), isBlank).base();
 
-    const auto bytesOf = [](char32_t point) { return point < 0x80 ? 1 : point < 0x800 ? 2 : point < 0x10000 ? 3 : 4; };
     std::size_t skipped = 0;
     std::size_t kept = 0;
     for (auto it = points.begin(); it != end; ++it)
-        (it < begin ? skipped : kept) += static_cast<std::size_t>(bytesOf(*it));
+        (it < begin ? skipped : kept) += static_cast<std::size_t>(U8_LENGTH(*it));
     return std::string(text.substr(skipped, kept));
 }
 

@@ -12,6 +12,9 @@ bool isUtf8(std::string_view text);
 /// The code points of UTF-8 text; nothing when it is not UTF-8.
 std::optional<std::u32string> codePoints(std::string_view text);
 
+/// The text without the difference between capitals and small letters, of whatever script; empty when it is not UTF-8.
+std::string foldedCase(std::string_view text);
+
 /// Whether the text can be the id of a record: 1 to 64 of A-Z a-z 0-9 _ -
 bool isId(std::string_view text);
 

@@ -151,7 +151,7 @@ TEST_F(BadInput, Sizes) {
 
 TEST(SlowClients, AreCutOffAndHoldUpNobody) {
     Server::Settings settings = TestService::quick();
-    settings.limits.headerTime = settings.limits.bodyTime = std::chrono::milliseconds(100);
+    settings.limits.headerTime = settings.limits.stall = std::chrono::milliseconds(100);
     TestService service(settings);
     Client demo = service.loggedIn("demo");
     std::vector<std::thread> slow;

@@ -189,7 +189,7 @@ TEST(FileLimits, ADepartmentHasItsQuotaTheFilesOnTheirWayIncluded) {
 
 TEST(FileLimits, OnlySoManyUploadsAtOnceAndNoneIsWaitedForLong) {
     Server::Settings settings = TestService::quick();
-    settings.limits.pieceTime = std::chrono::milliseconds(400);
+    settings.limits.stall = std::chrono::milliseconds(400);
     Dispatcher::Settings places;
     places.uploads = 6;
     TestService service(settings, places);
@@ -294,7 +294,7 @@ TEST_F(FileRules, ADatabaseWithoutRoomIsAFullDiskAndNothingStays) {
     service.addFile(SecondDept, pending.key.uuid, "x");
     service.run("DELETE FROM stored_file WHERE dept_id = 'demo-dept-2'");
     service.database().connect()->addUpload(pending);
-    EXPECT_EQ(full.keep(pending, md5Of("x"), store).result_int(), 507U);
+    EXPECT_EQ(full.uploadEnd().keep(pending, md5Of("x"), store).result_int(), 507U);
     expectNothingStays(service);
 }
 

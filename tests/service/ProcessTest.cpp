@@ -1,11 +1,13 @@
 #include <fstream>
 #include <gtest/gtest.h>
+#include <list>
 #include <map>
 #include <random>
 #include <set>
 #include <signal.h>
 #include <soci/soci.h>
 #include <soci/sqlite3/soci-sqlite3.h>
+#include <sstream>
 #include <thread>
 #include <tuple>
 #include <utility>
@@ -181,6 +183,30 @@ TEST_F(Process, SaysWhereItListensAndRefusesWhatItCannotDo) {
     std::ofstream(folder.file("bad.toml")) << "[server]\nlissten = \"127.0.0.1:0\"\n";
     EXPECT_FALSE(run("migrate --config '" + folder.file("bad.toml") + "'"));
     EXPECT_NE(output().find("server.lissten is not known"), std::string::npos) << output();
+}
+
+TEST_F(Process, HasTheDescriptorsThatItsLimitsPromiseOrLowersThese) {
+    const auto serving = [&](const std::string& limit) {
+        return std::vector<std::string>{"/bin/sh", "-c",
+                                        "ulimit " + limit + " && exec '" + Program + "' serve --database '" + database +
+                                            "' --listen 127.0.0.1:0 --port-file '" + folder.file("port") + "' 2> '" +
+                                            folder.file("log") + "'"};
+    };
+    // Soft or hard limit, connections tried, those that are answered.
+    for (const auto& [limit, tried, answered] : {std::tuple("-S -n 200", 150, 150), {"-n 200", 60, 35}}) {
+        const PortProcess served(serving(limit), folder.file("port"), folder.file("out"));
+        std::list<Wire> open;
+        int good = 0;
+        for (int i = 0; i < tried; ++i) {
+            open.emplace_back(served.port()).send("GET /readyz HTTP/1.1\r\nHost: localhost\r\n\r\n");
+            good += open.back().answer().status == 200 ? 1 : 0;
+        }
+        EXPECT_EQ(good, answered) << limit;
+        std::stringstream log;
+        log << std::ifstream(folder.file("log")).rdbuf();
+        EXPECT_EQ(log.str().find("at most 35 connections instead of 2000") != std::string::npos, answered == 35)
+            << log.str();
+    }
 }
 
 TEST_F(Process, WhatIsInHandIsFinishedBeforeTheEnd) {

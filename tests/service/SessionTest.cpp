@@ -106,11 +106,74 @@ TEST_F(Sessions, WrongCredentialsAreRefusedAlikeAndThrottled) {
 
     for (int i = 1; i < 10; ++i)
         EXPECT_EQ(client.login("reader", "wrong").status, 401) << i;
-    EXPECT_EQ(client.login("reader", "reader").status, 429) << "even with the right one";
+    service.now += 2 * Minute;
+    const Answer throttled = client.login("reader", "reader");
+    EXPECT_EQ(throttled.status, 429) << "even with the right one";
+    EXPECT_EQ(throttled.retryAfter, "180");
+    EXPECT_EQ(throttled.msg(), "登录失败次数过多，请3分钟后再试");
     EXPECT_EQ(client.login("demo", "demo").status, 200) << "others are not held up";
-    service.now += 5 * Minute + 1;
+    service.now += 3 * Minute - 1000;
+    EXPECT_EQ(client.login("reader", "reader").msg(), "登录失败次数过多，请1秒后再试");
+    service.now += 1001;
     EXPECT_EQ(client.login("reader", "reader").status, 200);
     EXPECT_EQ(service.number("SELECT COUNT(*) FROM login_attempt"), 0);
+}
+
+TEST_F(Sessions, AttemptsAreCountedForThePersonTheClientAndBoth) {
+    using Outcome = Accounts::Outcome;
+    const Passwords passwords(Passwords::Cost::Lowest);
+    AccountLimits limits;
+    limits.attempts = 2;
+    limits.attemptsOfClient = 4;
+    limits.attemptsOnPerson = 5;
+    const Accounts accounts(
+        limits, [this] { return service.now.load(); }, passwords);
+    const auto store = service.database().connect();
+    const auto login = [&](const char* username, const char* password, const char* client) {
+        return accounts.login(*store, username, password, client).outcome;
+    };
+    const std::tuple<const char*, const char*, const char*, Outcome> rows[] = {
+        {"demo", "x", "a", Outcome::Wrong},
+        {"demo", "x", "a", Outcome::Wrong},
+        {"demo", "demo", "a", Outcome::Throttled},  // both
+        {"demo", "demo", "b", Outcome::Accepted},   // who is kept out at one client only
+        {"reader", "x", "a", Outcome::Wrong},
+        {"reader", "reader", "a", Outcome::Accepted},
+        {"nobody", "x", "a", Outcome::Wrong},  // the fourth that stays of this client
+        {"editor", "editor", "a", Outcome::Throttled},
+        {"", "x", "c", Outcome::Wrong},  // nobody's, and not counted
+        {"demo", "x", "c", Outcome::Wrong},
+        {"demo", "x", "c", Outcome::Wrong},
+        {"demo", "x", "d", Outcome::Wrong},  // the fifth at this person
+        {"demo", "demo", "e", Outcome::Throttled},
+        {"editor", "editor", "e", Outcome::Accepted},
+    };
+    for (int i = 0; const auto& [username, password, client, outcome] : rows)
+        EXPECT_EQ(login(username, password, client), outcome) << "row " << i++;
+    const auto refused = accounts.login(*store, "demo", "demo", "e");
+    EXPECT_EQ(refused.wait, 5 * Minute);
+    service.now += 5 * Minute + 1;
+    EXPECT_EQ(login("demo", "demo", "a"), Outcome::Accepted);
+}
+
+TEST(SessionsBehindAProxy, CountForTheClientThatItNames) {
+    for (const bool isKnown : {true, false}) {
+        Server::Settings settings = TestService::quick();
+        if (isKnown)
+            settings.proxies = {"127.0.0.1"};
+        const TestService service(settings);
+        const std::string body = R"({"username":"demo","password":"wrong"})";
+        for (int i = 1; i <= 12; ++i) {
+            const std::string from = "1.2.3." + std::to_string(i);
+            const int status =
+                service.client()
+                    .raw("POST /rs/auth/login HTTP/1.1\r\nHost: localhost\r\nX-Forwarded-For: " + from +
+                         "\r\nContent-Type: application/json\r\nContent-Length: " + std::to_string(body.size()) +
+                         "\r\n\r\n" + body)
+                    .status;
+            EXPECT_EQ(status, isKnown || i <= 10 ? 401 : 429) << i;
+        }
+    }
 }
 
 }  // namespace

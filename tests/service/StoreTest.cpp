@@ -54,6 +54,32 @@ TEST_F(StoreTest, AnOldFileIsBroughtUpToDateAndKeepsItsData) {
     EXPECT_EQ(store->catalogs("d")[0].name, "全部");
 }
 
+TEST_F(StoreTest, NamesFromBeforeEveryScriptHadSmallLettersAreFoundByThem) {
+    SqliteDatabase database(file);
+    database.migrate(8);
+    {
+        auto sql = open();
+        auto* backend = static_cast<soci::sqlite3_session_backend*>(sql.get_backend());
+        installNameGrams(reinterpret_cast<::sqlite3*>(backend->conn_));
+        sql << "INSERT INTO department VALUES ('d', '部门', NULL)";
+        sql << "INSERT INTO catalog (dept_id, catalog_id, parent_id, name, sort, depth) VALUES ('d', 'c', NULL, "
+               "'全部', 0, 1)";
+        sql << "INSERT INTO task (dept_id, task_id, catalog_id, name, search_name) VALUES "
+               "('d', 't', 'c', 'ЁЛКА Ā', 'Ёлка Ā'), ('d', 'u', 'c', '钢筋A', '钢筋a')";
+    }
+    database.migrate();
+    const auto store = database.connect();
+    TaskFilter filter;
+    filter.deptId = "d";
+    filter.limit = 10;
+    for (const auto& [keyword, id] : {std::pair("ёлк", "t"), {"Ёл", "t"}, {"ā", "t"}, {"筋A", "u"}}) {
+        filter.keyword = keyword;
+        const auto page = store->pageTasks(filter);
+        ASSERT_EQ(page.tasks.size(), 1U) << keyword;
+        EXPECT_EQ(page.tasks[0].id, id);
+    }
+}
+
 TEST_F(StoreTest, StepsThatFailOrAreUnknownLeaveTheFileAlone) {
     SqliteDatabase database(file);
     database.migrate(1);

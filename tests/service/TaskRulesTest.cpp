@@ -224,7 +224,11 @@ TEST_F(TaskRules, CountsFollowMovesAndDeletions) {
     EXPECT_EQ(remove(R"("a","none")").code(), 404);
     EXPECT_EQ(taskNumber("demo-catalog-17"), 2) << "all or none";
     EXPECT_EQ(remove(R"("a","b","a")").code(), 200);
-    EXPECT_EQ(remove("").status, 400);
+    EXPECT_EQ(remove("").msg(), "请选择要删除的任务");
+    std::string many = R"("x0")";
+    for (int i = 1; i <= 1000; ++i)
+        many += R"(,"x)" + std::to_string(i) + '"';
+    EXPECT_EQ(remove(many).msg(), "一次最多删除1000个任务");
     EXPECT_EQ(taskNumber("demo-catalog-4"), 1);
     EXPECT_EQ(demo.del(DeletePath, R"({"id":"demo-catalog-2","isContainsTask":1})").code(), 200);
     EXPECT_EQ(page("disclosureCatalogId="), Ids{"p"});
@@ -384,7 +388,17 @@ TEST_F(TaskRules, RemindersAreSetOnceAndThenChanged) {
     EXPECT_EQ(demo.post(TaskPath + "save_push_config", first).code(), 200);
     EXPECT_EQ(demo.post(TaskPath + "save_push_config", first).code(), 200) << "again";
     EXPECT_EQ(demo.post(TaskPath + "save_push_config", R"({"id":"other","deptId":"demo-dept-1"})").code(), 409);
-    EXPECT_EQ(demo.post(TaskPath + "update_push_config", R"({"id":"c","daysNotifyAdvance":31})").status, 400);
+    for (const auto& [value, msg] : {std::pair(R"("daysNotifyAdvance":31)", "提前提醒的天数应为0到30天"),
+                                     {R"("daysNotifyAdvance":-1)", "提前提醒的天数应为0到30天"},
+                                     {R"("advanceNotifyFrequency":0)", "请选择提醒频率"},
+                                     {R"("overdueNotifyFrequency":3)", "请选择提醒频率"}}) {
+        for (const char* operation : {"save_push_config", "update_push_config"}) {
+            const Answer answer =
+                demo.post(TaskPath + operation, std::string(R"({"id":"c","deptId":"demo-dept-1",)") + value + "}");
+            EXPECT_EQ(answer.status, 200) << value;
+            EXPECT_EQ(answer.msg(), msg) << value;
+        }
+    }
     EXPECT_EQ(
         demo.post(TaskPath + "update_push_config", R"({"id":"c","daysNotifyAdvance":30,"isNotifyOverdue":1})").code(),
         200);

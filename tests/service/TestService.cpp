@@ -157,6 +157,12 @@ TestService::TestService(const Server::Settings& settings, const Dispatcher::Set
 }
 
 TestService::~TestService() {
+    end();
+}
+
+void TestService::end() {
+    if (!m_thread.joinable())
+        return;
     m_server->stop();
     m_thread.join();
 }

@@ -101,6 +101,8 @@ public:
     explicit TestService(const Server::Settings& settings = quick(), const Dispatcher::Settings& dispatcher = {},
                          std::int64_t quota = 1'000'000'000);
     ~TestService();
+    /// Serves no longer; the data stays.
+    void end();
 
     std::uint16_t port() const { return m_server->port(); }
     Client client() const { return Client(port()); }
