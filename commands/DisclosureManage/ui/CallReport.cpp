@@ -5,9 +5,6 @@
 #include "commands/DisclosureManage/ui/Notice.h"
 #include "ui/common/WideText.h"
 
-using DISCLOSUREPACKAGE::CallEnd;
-using DISCLOSUREPACKAGE::LastCall;
-
 namespace {
 
 struct Report {
@@ -17,14 +14,12 @@ struct Report {
 }  // namespace
 
 QString FailureReason() {
-    const QString untold = UntoldFailure();
-    if (!untold.isEmpty())
-        return untold;
-    return LastCall().end == CallEnd::Refused ? Report::tr("服务拒绝了请求") : Report::tr("没有得到应答");
+    const std::wstring reason = DISCLOSUREPACKAGE::LastFailure();
+    return reason.empty() ? Report::tr("没有得到应答") : FromWide(reason);
 }
 
 QString UntoldFailure() {
-    return LastCall().end == CallEnd::Failed ? FromWide(LastCall().reason) : QString();
+    return DISCLOSUREPACKAGE::IsLastFailureShown() ? QString() : FromWide(DISCLOSUREPACKAGE::LastFailure());
 }
 
 void SayFailure(const QString& what) {

@@ -2,9 +2,9 @@
 
 #include <QString>
 
-#include "sdk/packages/disclosure/CallOutcome.h"
+#include "sdk/packages/disclosure/LastFailure.h"
 
-/// Why the last call of the manager was in vain, for the user; never empty.
+/// Why the last call of the manager failed, for the user; never empty.
 QString FailureReason();
 /// The same where nobody has told the user; empty where the host has or nothing is known.
 QString UntoldFailure();
@@ -14,7 +14,7 @@ void SayFailure(const QString& what);
 /// A command's call of the manager. Where it fails the user is told that `what` was in vain.
 template <class Call>
 bool Commanded(const QString& what, Call call) {
-    DISCLOSUREPACKAGE::NoteCall({});
+    DISCLOSUREPACKAGE::SetLastFailure({});
     const bool succeeded = call();
     if (!succeeded)
         SayFailure(what);

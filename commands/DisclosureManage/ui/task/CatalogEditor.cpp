@@ -63,7 +63,7 @@ bool CCatalogEditor::load(bool firstLoad) {
         return false;
     std::vector<CatalogRecord> catalogs;
     m_model.reading()->begin(m_model.rowCount() == 0);
-    DISCLOSUREPACKAGE::NoteCall({});
+    DISCLOSUREPACKAGE::SetLastFailure({});
     if (!ReadCatalogs(*manager, catalogs, firstLoad)) {
         m_model.reading()->fail(FailureReason(), m_model.rowCount() == 0);
         return false;
@@ -105,7 +105,7 @@ void CCatalogEditor::create(const QString& name) {
     record.id = BASETOOLS::GenerateUUID();
     record.name = name.toStdWString();
     record.parentId = m_model.GetCurrentNode()->id().toStdWString();
-    DISCLOSUREPACKAGE::NoteCall({});
+    DISCLOSUREPACKAGE::SetLastFailure({});
     if (!manager->SaveCatalog(record))
         return m_model.setFailure(UntoldFailure());
 
@@ -137,7 +137,7 @@ bool CCatalogEditor::renameCatalog(const CatalogTreeNode& node, const QString& n
     record.id = node.id().toStdWString();
     record.name = name.toStdWString();
     record.parentId = node.parentId().toStdWString();
-    DISCLOSUREPACKAGE::NoteCall({});
+    DISCLOSUREPACKAGE::SetLastFailure({});
     if (!manager->UpdateCatalog(record)) {
         m_model.setFailure(UntoldFailure());
         return false;
@@ -198,7 +198,7 @@ bool CCatalogEditor::confirmsRemoval(const CatalogTreeNode& node) {
 bool CCatalogEditor::removeCurrent() {
     IDisclosureManageMgr* manager = FindDisclosureManager();
     const CatalogTreeNode* node = m_model.GetCurrentNode();
-    DISCLOSUREPACKAGE::NoteCall({});
+    DISCLOSUREPACKAGE::SetLastFailure({});
     if (!manager || !node || !manager->DeleteCatalog(node->id().toStdWString()))
         return false;
 

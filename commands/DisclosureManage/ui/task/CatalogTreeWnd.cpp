@@ -50,7 +50,7 @@ void CCatalogTreeWnd::read() {
     if (!manager)
         return;
     m_model->reading()->begin(true);
-    DISCLOSUREPACKAGE::NoteCall({});
+    DISCLOSUREPACKAGE::SetLastFailure({});
     std::vector<DISCLOSUREPACKAGE::CatalogRecord> catalogs;
     if (!manager->ListCatalogs(catalogs, {}))
         return m_model->reading()->fail(FailureReason(), true);

@@ -199,7 +199,7 @@ void TaskManagerViewModel::moveTasksTo(const QString& catalogId, const QVariantL
         for (const Picked& task : picked(cData)) {
             if (task.catalogId == catalogId)
                 continue;
-            DISCLOSUREPACKAGE::NoteCall({});
+            DISCLOSUREPACKAGE::SetLastFailure({});
             isBroken = !manager->MoveTaskToCatalog(task.id.toStdWString(), catalogId.toStdWString());
             if (isBroken)
                 break;
@@ -247,7 +247,7 @@ bool TaskManagerViewModel::updateTask(TaskModel* task, const std::function<bool(
         return true;
     }
     m_staleRows.insert(task->id());
-    if (DISCLOSUREPACKAGE::LastCall().end != DISCLOSUREPACKAGE::CallEnd::Failed)
+    if (UntoldFailure().isEmpty())
         RefreshCurrentTaskInfo(true);  // the service knows of somebody else's change
     return false;
 }

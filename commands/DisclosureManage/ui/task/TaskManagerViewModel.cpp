@@ -320,7 +320,7 @@ void TaskManagerViewModel::runQuery() {
     int32_t total = 0;
     m_reading.begin(!m_taskModel || m_reading.covers() ||
                     m_shown.disclosureCatalogId != wanted.disclosureCatalogId);
-    DISCLOSUREPACKAGE::NoteCall({});
+    DISCLOSUREPACKAGE::SetLastFailure({});
     if (!manager->PageTasks(wanted, tasks, total)) {
         const QString why = FailureReason();
         lastQuery().reset();
