@@ -101,7 +101,21 @@ TEST_F(Pickers, ABadOrganisationLosesNobody) {
     EXPECT_EQ(outline(PeopleDirectory(), ""), "nobody");
     host.core.managers.erase(BASECORE::NAMES::kDepartments);
     EXPECT_EQ(outline(PeopleDirectory(), ""), "nobody");
-    chooseOwner([](ModalWindow& window) { EXPECT_TRUE(window.text("确定")); });
+    chooseOwner([&](ModalWindow& window) {
+        EXPECT_TRUE(window.text("未能读取：没有得到应答"));
+        search(window, "zhao");
+        EXPECT_TRUE(window.text("未能读取：没有得到应答"));
+        host.core.managers[BASECORE::NAMES::kDepartments] = &people;
+        people.readable = true;
+        host.service.become({});
+        ModalWindow::settle();
+        EXPECT_TRUE(window.text("赵磊(ZhaoLei)"));
+        EXPECT_FALSE(window.text("李娜(lina)")) << "the search is the same";
+        search(window, "nobody");
+        EXPECT_TRUE(window.text("没有找到“nobody”"));
+        window.click(window.text("清除搜索"));
+        EXPECT_TRUE(window.text("李娜(lina)"));
+    });
     host.core.managers.clear();
     UserRecord person;
     ModalWindow::expectNone([&] { EXPECT_FALSE(CSelectOwnerWnd::choose(person, {})); });
