@@ -473,7 +473,8 @@ TEST_F(MainWindow, ANameThatGotNoAnswerStaysToBeTriedAgain) {
     run([&](ModalWindow& window, CatalogTreeModel& model) {
         window.click(window.text("土建(7)"));
         host.manager.unsaid = L"服务没有按时应答";
-        for (const auto& [key, call, name] : {std::tuple(Qt::Key_Insert, L"save", "装修"), {Qt::Key_F2, L"rename", "土木"}}) {
+        for (const auto& [key, call, name] :
+             {std::tuple(Qt::Key_Insert, L"save", "装修"), {Qt::Key_F2, L"rename", "土木"}}) {
             host.manager.refused = call;
             window.key(key);
             window.key(Qt::Key_Delete);

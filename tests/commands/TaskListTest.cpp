@@ -141,7 +141,8 @@ TEST_F(TaskList, SaysWhyThereIsNothing) {
     EXPECT_TRUE(list.reading()->isExcluded());
     list.clearFilters();
     settle();
-    EXPECT_EQ(lastQuery().keyword + std::to_wstring(lastQuery().status) + std::to_wstring(lastQuery().dateType), L"0-1");
+    EXPECT_EQ(lastQuery().keyword + std::to_wstring(lastQuery().status) + std::to_wstring(lastQuery().dateType),
+              L"0-1");
     EXPECT_EQ(list.reading()->text(), "此目录下没有任务");
     EXPECT_FALSE(list.reading()->isExcluded());
     EXPECT_EQ(list.shownCount(), 0);
@@ -212,7 +213,11 @@ TEST_F(TaskList, FailuresThatNobodyHasShownAreSaidOnce) {
     service.unsaid = L"服务无法连接";
     const std::tuple<const wchar_t*, std::function<void()>, const char*> commands[] = {
         {L"remove", [&] { list.OnDelTasks({0}); }, "删除"},
-        {L"task", [&] { list.moveTasksTo("frame", {0, 1}); }, "移动"},
+        {L"task",
+         [&] {
+             list.moveTasksTo("frame", {0, 1});
+         },
+         "移动"},
         {L"update", [&] { list.onEditOwner("李娜", row(0)); }, "修改"},
         {L"read", [&] { list.onEditOwner("李娜", row(0)); }, "修改"},
         {L"read", [&] { list.ModifyTask(row(0)); }, "打开任务"}};
