@@ -35,6 +35,7 @@ private:
                 walkCatalogs(view, m_service);
                 walkTaskList(view, m_service);
                 walkTaskLife(view, m_service);
+                walkOutage(view, m_service);
                 walkReminders(view, m_service);
             });
         walkMessages(m_service);
