@@ -51,8 +51,12 @@ void DisclosureMgrProvider::ShowMainWindow(const QString& taskId) {
         return;
     build(manager->GetParentWidget(), BASECORE::FRAME::GetMainBaseCore()->GetMainWindow());
 
-    if (!taskId.isEmpty())  // once the window stands, so that messages have it below them
-        QTimer::singleShot(0, m_frame->dialog(), [this, taskId] { showTask(taskId); });
+    // Once the window stands, so that it shows that it is waiting, and messages have it below them.
+    QTimer::singleShot(0, m_frame->dialog(), [this, taskId] {
+        readCatalogs();
+        if (!taskId.isEmpty())
+            showTask(taskId);
+    });
 
     const QPointer<DisclosureMgrProvider> self(this);
     m_frame->run();
@@ -73,9 +77,7 @@ void DisclosureMgrProvider::build(QWidget* parent, QWidget* mainWindow) {
     connectTaskList();
     connectReading();
     pushRights();
-    // Once the window stands, so that it shows that it is waiting.
     m_catalogs->reading()->begin(true);
-    QTimer::singleShot(0, m_frame->dialog(), [this] { readCatalogs(); });
 
     view->rootContext()->setContextProperty(QStringLiteral("theWindow"), m_window);
     view->rootContext()->setContextProperty(QStringLiteral("theTaskModel"), m_tasks);

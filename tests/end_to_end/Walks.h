@@ -6,7 +6,7 @@
 
 /// Creates, renames, moves and deletes a catalog in the main window.
 void walkCatalogs(QQuickView* view, ServiceProbe& service);
-/// Filters, sorts, pages and changes tasks in the main window.
+/// Searches, sorts, pages and changes tasks in the main window.
 void walkTaskList(QQuickView* view, ServiceProbe& service);
 /// Creates a task with an uploaded document, edits it while the service is away, publishes it after the session has
 /// expired, moves and deletes it.
