@@ -157,8 +157,7 @@ bool DisclosureMgrProvider::isOccupied() const {
 void DisclosureMgrProvider::showTask(const QString& taskId) {
     IDisclosureManageMgr* manager = FindDisclosureManager();
     TaskRecord task;
-    if (!manager ||
-        !Commanded(tr("打开任务"), [&] { return manager->QueryTaskById(taskId.toStdWString(), task); }))
+    if (!manager || !Commanded(tr("打开任务"), [&] { return manager->QueryTaskById(taskId.toStdWString(), task); }))
         return;
     const QModelIndex catalog = catalogOf(task, *manager);
     if (!catalog.isValid())

@@ -129,7 +129,8 @@ void answering(const char* pictureName, const QString& text, const std::function
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         if (!box || !box->isVisible())
             return false;
-        expect(box->text().startsWith(text), QStringLiteral("the message box says: %1, not: %2").arg(text, box->text()));
+        expect(box->text().startsWith(text),
+               QStringLiteral("the message box says: %1, not: %2").arg(text, box->text()));
         if (pictureName)
             picture(pictureName);
         box->buttons().first()->click();

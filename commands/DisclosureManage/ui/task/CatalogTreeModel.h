@@ -19,8 +19,8 @@ class CatalogTreeModel : public SelectionTreeModel {
 public:
     explicit CatalogTreeModel(QObject* parent = nullptr);
 
-    /// Replaces the tree by that of `catalogs`. The top catalog becomes the default; what was selected is so again where
-    /// it still stands.
+    /// Replaces the tree by that of `catalogs`. The top catalog becomes the default; what was selected is so again
+    /// where it still stands.
     void setCatalogs(const std::vector<DISCLOSUREPACKAGE::CatalogRecord>& catalogs);
     /// The same without what the top does not reach, and only the catalogs whose names contain `search`, whatever its
     /// case, with those on the way to them. Nothing is selected.

@@ -15,9 +15,9 @@ class CCatalogTreeWnd : public CBaseWnd {
     Q_OBJECT
 
 public:
-    /// Lets the user choose where `what`, as the window says, is moved to; `targetId` is the chosen catalog, empty for no
-    /// move. Returns -1, and shows nothing, where the host offers no disclosure manager, otherwise 0. Without catalogs,
-    /// and where the service refused to list them, nothing is shown either.
+    /// Lets the user choose where `what`, as the window says, is moved to; `targetId` is the chosen catalog, empty for
+    /// no move. Returns -1, and shows nothing, where the host offers no disclosure manager, otherwise 0. Without
+    /// catalogs, and where the service refused to list them, nothing is shown either.
     static int choose(QString& targetId, const QString& what = {});
 
     /// Shows the catalogs whose names contain `text`.

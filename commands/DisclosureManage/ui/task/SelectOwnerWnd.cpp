@@ -20,7 +20,10 @@ bool CSelectOwnerWnd::choose(BASEPACKAGE::UserRecord& person, const QStringList&
 }
 
 CSelectOwnerWnd::CSelectOwnerWnd(QWidget* parent, const BASEPACKAGE::UserRecord& person, const QStringList& leftOut)
-    : CBaseWnd(parent), m_people(leftOut), m_model(new NameTreeModel(frame().view())), m_reading(m_people, [this, login = QString::fromStdWString(person.userName)] {
+    : CBaseWnd(parent),
+      m_people(leftOut),
+      m_model(new NameTreeModel(frame().view())),
+      m_reading(m_people, [this, login = QString::fromStdWString(person.userName)] {
           setSearchText(m_search);
           selectPerson(login);
       }) {

@@ -68,7 +68,8 @@ QVector<TaskManagerViewModel::Picked> TaskManagerViewModel::picked(const QVarian
 QString TaskManagerViewModel::amountOf(const QVector<Picked>& tasks) const {
     const QString amount =
         tasks.size() == 1 ? tr("任务“%1”").arg(tasks.first().name) : tr("共%1个任务").arg(tasks.size());
-    return m_checkedElsewhere.isEmpty() ? amount : tr("%1，其中%2个在其他页").arg(amount).arg(m_checkedElsewhere.size());
+    return m_checkedElsewhere.isEmpty() ? amount
+                                        : tr("%1，其中%2个在其他页").arg(amount).arg(m_checkedElsewhere.size());
 }
 
 void TaskManagerViewModel::AddTask() {

@@ -318,8 +318,7 @@ void TaskManagerViewModel::runQuery() {
 
     std::vector<TaskRecord> tasks;
     int32_t total = 0;
-    m_reading.begin(!m_taskModel || m_reading.covers() ||
-                    m_shown.disclosureCatalogId != wanted.disclosureCatalogId);
+    m_reading.begin(!m_taskModel || m_reading.covers() || m_shown.disclosureCatalogId != wanted.disclosureCatalogId);
     DISCLOSUREPACKAGE::SetLastFailure({});
     if (!manager->PageTasks(wanted, tasks, total)) {
         const QString why = FailureReason();
