@@ -121,7 +121,11 @@ if [ -n "$smoke" ]; then
     export DISPLAY=:$number HOME=$scratch LANG=C.UTF-8 TZ=Asia/Shanghai SMOKE_SERVICE_PID=${started[0]}
     start display Xvfb ":$number" -screen 0 1600x1000x24 -nolisten tcp
     start_window_manager
-    foreground timeout 120 bash tests/end_to_end/smoke.sh "$bin" "$service" "$data" "$smoke"
+    # The workbench reaches the service through a network that the walk can cut.
+    start proxy python3 tests/end_to_end/proxy.py "$service" "$scratch/proxy"
+    export SMOKE_PROXY_PID=${started[-1]}
+    wait_for "The network" proxy test -s "$scratch/proxy"
+    foreground timeout 120 bash tests/end_to_end/smoke.sh "$bin" "$service" "127.0.0.1:$(cat "$scratch/proxy")" "$data" "$smoke"
     exit
 fi
 

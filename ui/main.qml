@@ -39,6 +39,14 @@ Rectangle {
             onTitlebarDbClick: root.titlebarDbClick()
         }
 
+        UxNoticeBar {
+            Layout.fillWidth: true
+            visible: theWindow.service.lost
+            text: theWindow.service.reason + qsTr("。已输入的内容不会丢失，恢复后会自动重新读取")
+            actionText: qsTr("刷新")
+            onActed: theWindow.refresh()
+        }
+
         RowLayout {
             Layout.fillWidth: true
             Layout.fillHeight: true
@@ -66,6 +74,29 @@ Rectangle {
                 Layout.fillHeight: true
             }
         }
+
+        // What was done is told here, quietly.
+        Rectangle {
+            Layout.fillWidth: true
+            implicitHeight: UxTheme.fieldHeight
+            color: UxTheme.titleBar
+
+            UxText {
+                anchors.fill: parent
+                anchors.leftMargin: 20
+                anchors.rightMargin: 20
+                verticalAlignment: Text.AlignVCenter
+                elide: Text.ElideRight
+                text: theWindow.message
+                Accessible.role: Accessible.StatusBar
+                Accessible.name: text
+            }
+        }
+    }
+
+    Shortcut {
+        sequence: StandardKey.Refresh
+        onActivated: theWindow.refresh()
     }
 
     FolderNamePopup {

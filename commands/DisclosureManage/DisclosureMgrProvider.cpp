@@ -6,13 +6,16 @@
 #include <QQmlContext>
 #include <QQuickItem>
 #include <QQuickView>
+#include <QScopeGuard>
 #include <QTimer>
 
+#include "commands/DisclosureManage/ui/CallReport.h"
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
 #include "commands/DisclosureManage/ui/Notice.h"
 #include "commands/DisclosureManage/ui/Rights.h"
 #include "commands/DisclosureManage/ui/task/CatalogEditor.h"
 #include "commands/DisclosureManage/ui/task/CatalogTreeModel.h"
+#include "commands/DisclosureManage/ui/task/MainWindowModel.h"
 #include "commands/DisclosureManage/ui/task/TaskManagerViewModel.h"
 #include "sdk/basecore/IBaseCoreData.h"
 #include "sdk/basetools/AuthCodeTool.h"
@@ -48,8 +51,12 @@ void DisclosureMgrProvider::ShowMainWindow(const QString& taskId) {
         return;
     build(manager->GetParentWidget(), BASECORE::FRAME::GetMainBaseCore()->GetMainWindow());
 
-    if (!taskId.isEmpty())  // once the window stands, so that messages have it below them
-        QTimer::singleShot(0, m_frame->dialog(), [this, taskId] { showTask(taskId); });
+    // Once the window stands, so that it shows that it is waiting, and messages have it below them.
+    QTimer::singleShot(0, m_frame->dialog(), [this, taskId] {
+        readCatalogs();
+        if (!taskId.isEmpty())
+            showTask(taskId);
+    });
 
     const QPointer<DisclosureMgrProvider> self(this);
     m_frame->run();
@@ -65,11 +72,14 @@ void DisclosureMgrProvider::build(QWidget* parent, QWidget* mainWindow) {
     m_catalogs = new CatalogTreeModel(view);
     view->rootContext()->setContextProperty(QStringLiteral("theModel"), m_catalogs);
     m_tasks = new TaskManagerViewModel(view);
+    m_window = new MainWindowModel(view);
     m_editor = std::make_unique<CCatalogEditor>(*m_catalogs, m_frame->dialog());
     connectTaskList();
-    m_editor->load(true);
+    connectReading();
     pushRights();
+    m_catalogs->reading()->begin(true);
 
+    view->rootContext()->setContextProperty(QStringLiteral("theWindow"), m_window);
     view->rootContext()->setContextProperty(QStringLiteral("theTaskModel"), m_tasks);
     view->rootContext()->setContextProperty(QStringLiteral("newFileName"), QString());
     m_frame->load(QUrl(QStringLiteral("qrc:/ui/main.qml")));
@@ -83,10 +93,39 @@ void DisclosureMgrProvider::connectTaskList() {
     connect(m_tasks, &TaskManagerViewModel::taskCountChange, m_catalogs, &CatalogTreeModel::updateCatalogTaskCount);
 }
 
+void DisclosureMgrProvider::connectReading() {
+    m_tasks->setCatalogPath([catalogs = m_catalogs](const QString& id) { return catalogs->pathOf(id); });
+    connect(m_tasks, &TaskManagerViewModel::done, m_window, &MainWindowModel::say);
+    connect(m_window, &MainWindowModel::refreshWanted, this, [this] { readAgain(Extent::Everything); });
+    connect(m_window->service(), &ServiceState::back, this, [this] { readAgain(Extent::WhatFailed); });
+    connect(m_tasks, &TaskManagerViewModel::released, this, [this] {
+        if (m_isReadingDue)
+            readAgain(Extent::WhatFailed);
+    });
+}
+
+void DisclosureMgrProvider::readCatalogs() {
+    m_isRead = (m_editor && m_editor->load(!m_isRead)) || m_isRead;
+}
+
+void DisclosureMgrProvider::readAgain(Extent extent) {
+    if (!m_editor)
+        return;
+    m_isReadingDue = m_editor->isAsking() || m_tasks->isHeld();
+    if (m_isReadingDue)
+        return;
+    const bool isAll = extent == Extent::Everything;
+    pushRights();  // without the service nobody has any
+    if (isAll || m_catalogs->reading()->isFailed())
+        readCatalogs();
+    if (isAll || m_tasks->reading()->isFailed())
+        m_tasks->RefreshCurrentTaskInfo(isAll);
+}
+
 void DisclosureMgrProvider::pushRights() {
     m_catalogs->setEditAuth(HoldsRight(CAuthCodeTool::kEditTasks));
     m_catalogs->setNodeOperEnable(HoldsRight(CAuthCodeTool::kEditCatalogs));
-    m_catalogs->setNewBuildEnable(HoldsRight(CAuthCodeTool::kEditCatalogs));
+    m_catalogs->setNewBuildEnable(HoldsRight(CAuthCodeTool::kEditCatalogs) && m_catalogs->currentIndex().isValid());
     m_catalogs->setDelBtnEnable(HoldsRight(CAuthCodeTool::kDeleteTasks));
 }
 
@@ -105,6 +144,9 @@ void DisclosureMgrProvider::forgetWindow() {
     m_frame.reset();
     m_catalogs = nullptr;
     m_tasks = nullptr;
+    m_window = nullptr;
+    m_isRead = false;
+    m_isReadingDue = false;
 }
 
 bool DisclosureMgrProvider::isOccupied() const {
@@ -115,8 +157,7 @@ bool DisclosureMgrProvider::isOccupied() const {
 void DisclosureMgrProvider::showTask(const QString& taskId) {
     IDisclosureManageMgr* manager = FindDisclosureManager();
     TaskRecord task;
-    // What the service refused the host has shown already; a service out of reach is no word about the task.
-    if (!manager || !manager->QueryTaskById(taskId.toStdWString(), task))
+    if (!manager || !Commanded(tr("打开任务"), [&] { return manager->QueryTaskById(taskId.toStdWString(), task); }))
         return;
     const QModelIndex catalog = catalogOf(task, *manager);
     if (!catalog.isValid())
@@ -148,6 +189,10 @@ void DisclosureMgrProvider::slotCatalogOption(const QVariant& varType, const QVa
     const int option = varType.toInt(&isNumber);
     if (!m_editor || !isNumber)
         return;
+    const auto after = qScopeGuard([this] {
+        if (m_isReadingDue)
+            readAgain(Extent::WhatFailed);
+    });
     switch (option) {
         case Create:
             return m_editor->create(data.toString());

@@ -8,6 +8,7 @@
 
 class CCatalogEditor;
 class CatalogTreeModel;
+class MainWindowModel;
 class QWidget;
 class TaskManagerViewModel;
 class WindowFrame;
@@ -48,7 +49,13 @@ private:
     /// `parent` is the dialog's, the main window where it is null; both may be.
     void build(QWidget* parent, QWidget* mainWindow);
     void connectTaskList();
+    void connectReading();
     void pushRights();
+    /// Reads the catalogs, the first time with what a department must have.
+    void readCatalogs();
+    /// Reads everything again, or what could not be read, once no command runs any more.
+    enum class Extent { WhatFailed, Everything };
+    void readAgain(Extent extent);
     void connectRootObject();
     /// Over the window stands a dialog or a pop-up.
     bool isOccupied() const;
@@ -61,4 +68,7 @@ private:
     std::unique_ptr<CCatalogEditor> m_editor;
     CatalogTreeModel* m_catalogs = nullptr;   // the view's
     TaskManagerViewModel* m_tasks = nullptr;  // the view's
+    MainWindowModel* m_window = nullptr;      // the view's
+    bool m_isRead = false;                    // the catalogs once were
+    bool m_isReadingDue = false;              // of what failed
 };

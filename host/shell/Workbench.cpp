@@ -93,8 +93,13 @@ void Workbench::connectParts() {
         return m_rest->RenewSession(BASECORE::NAMES::kServiceKey, text.toStdWString());
     });
     m_client.setTroubleListener([this](const QString& text) { m_watch.reportTrouble(text); });
-    QObject::connect(&m_watch, &ServiceWatch::told, &m_window,
-                     [this](bool alive, const QString& text) { m_state->note(alive, text); });
+    QObject::connect(&m_watch, &ServiceWatch::told, &m_window, [this](bool alive, const QString& text) {
+        if (alive && !m_state->IsReachable()) {  // what could not be read may be asked for at once
+            m_departments->forget();
+            m_rights->forget();
+        }
+        m_state->note(alive, text);
+    });
     QObject::connect(&m_watch, &ServiceWatch::told, &m_window, &MainWindow::showServiceState);
     QObject::connect(&m_watch, &ServiceWatch::told, &m_unread, &UnreadWatch::setReachable);
     QObject::connect(&m_unread, &UnreadWatch::counted, &m_window, &MainWindow::showUnread);

@@ -53,7 +53,7 @@ bool ReportServiceError(int32_t code, const utility::string_t& msg, bool success
     if (code == 200)
         return false;
     const std::wstring text = FromService(msg.empty() ? ApiClient::parameterToString(success) : msg);
-    SetLastFailure(text);
+    SetLastFailure(text, true);
     if (auto* host = RestService())
         host->ReportStatus(code, text);
     return true;

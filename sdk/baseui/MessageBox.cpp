@@ -1,6 +1,8 @@
 #include "sdk/baseui/MessageBox.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -12,6 +14,39 @@ namespace {
 MessageBoxHandler& Handler() {
     static MessageBoxHandler handler;
     return handler;
+}
+
+QString Text(const char* text) {
+    return QApplication::translate("BASEUI", text);
+}
+
+/// A box with the question, whose default button is "取消".
+MessageResult AskPlainly(const QString& text, const QString& details, QWidget* owner) {
+    QMessageBox box(owner);
+    box.setWindowTitle(Text("提示"));
+    box.setTextFormat(Qt::PlainText);
+    box.setIcon(QMessageBox::Warning);
+    box.setText(text);
+    box.setInformativeText(details);
+    const QPushButton* ok = box.addButton(Text("确定"), QMessageBox::AcceptRole);
+    box.setDefaultButton(box.addButton(Text("取消"), QMessageBox::RejectRole));
+    box.exec();
+    return box.clickedButton() == ok ? MessageResult::Ok : MessageResult::Cancel;
+}
+
+/// A dialog that takes the answer only once the name has been typed.
+MessageResult AskForName(const QString& text, const QString& name, QWidget* owner) {
+    QInputDialog dialog(owner);
+    dialog.setWindowTitle(Text("提示"));
+    dialog.setLabelText(text);
+    dialog.setOkButtonText(Text("确定"));
+    dialog.setCancelButtonText(Text("取消"));
+    dialog.sizeHint();  // makes the buttons
+    QPushButton* ok = dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+    const auto judge = [&](const QString& typed) { ok->setEnabled(typed.trimmed() == name.trimmed()); };
+    QObject::connect(&dialog, &QInputDialog::textValueChanged, ok, judge);
+    judge({});
+    return dialog.exec() == QDialog::Accepted ? MessageResult::Ok : MessageResult::Cancel;
 }
 
 }  // namespace
@@ -32,6 +67,17 @@ MessageResult ShowMessageBox(const std::wstring& text, QWidget* owner, MessageBu
         box.addButton(QApplication::translate("BASEUI", "取消"), QMessageBox::RejectRole);
     box.exec();
     return !canCancel || box.clickedButton() == ok ? MessageResult::Ok : MessageResult::Cancel;
+}
+
+MessageResult AskBeforeLoss(const std::wstring& text, const std::wstring& details, QWidget* owner,
+                            const std::wstring& nameToType) {
+    if (Handler())
+        return Handler()(text + L"\n" + details, owner, MessageButtons::OkCancel);
+    const QString question = QString::fromStdWString(text);
+    const QString below = QString::fromStdWString(details);
+    return nameToType.empty()
+               ? AskPlainly(question, below, DialogOwner(owner))
+               : AskForName(question + "\n\n" + below, QString::fromStdWString(nameToType), DialogOwner(owner));
 }
 
 void SetMessageBoxHandler(MessageBoxHandler handler) {

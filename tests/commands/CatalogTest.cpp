@@ -78,6 +78,8 @@ TEST_F(Catalogs, StraysHangUnderTheTopAndBadNumbersCountAsNone) {
     EXPECT_EQ(shown("a"), "a(4294967294)");
     EXPECT_EQ(shown("x"), "x(0)");
     EXPECT_EQ(indexOf("x").parent(), indexOf("all"));
+    EXPECT_EQ(model.pathOf("b").toStdString(), "a / b");
+    EXPECT_EQ(model.pathOf("all") + model.pathOf("nobody"), "");
     model.setCatalogs({{L"a", L"a", L"nobody", 0, 0}});
     EXPECT_EQ(model.rowCount(), 0);
     EXPECT_FALSE(model.defaultIndex().isValid());
@@ -109,6 +111,7 @@ TEST_F(Catalogs, AFailedReloadKeepsTheTree) {
         host.manager.refused = refused;
         host.manager.catalogs.clear();
         EXPECT_FALSE(editor.load(false));
+        EXPECT_TRUE(model.reading()->isFailed() && !model.reading()->covers());
     }
     host.core.managers.clear();
     EXPECT_FALSE(editor.load(true));

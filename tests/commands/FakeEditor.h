@@ -21,14 +21,14 @@ public:
 
     bool SaveTask(const TaskRecord& task) override {
         saves.push_back(task);
-        if (!answers(L"create " + task.name))
+        if (!accepts(L"create " + task.name))
             return false;
         tasks.push_back(task);
         tasks.back().id = L"created";
         return true;
     }
     bool QueryPushConfig(const std::wstring& deptId, PushConfig& asked) override {
-        const bool isAnswered = answers(L"settings of " + deptId);
+        const bool isAnswered = accepts(L"settings of " + deptId);
         asked = isAnswered ? config : PushConfig();
         return isAnswered;
     }
@@ -44,7 +44,7 @@ public:
 
 private:
     bool store(const std::wstring& call, const PushConfig& saved) {
-        if (!answers(call))
+        if (!accepts(call))
             return false;
         config = saved;
         return true;

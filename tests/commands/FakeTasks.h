@@ -15,7 +15,7 @@ public:
     bool PageTasks(const DISCLOSUREPACKAGE::TaskQuery& query, std::vector<TaskRecord>& page, int32_t& total) override {
         m_cache.clear();
         queries.push_back(query);
-        if (!answers(L"page"))
+        if (!accepts(L"page"))
             return false;
         total = static_cast<int32_t>(tasks.size());
         const std::size_t first =
@@ -26,17 +26,19 @@ public:
         return true;
     }
     bool FindCachedTask(const std::wstring& id, TaskRecord& task) override { return find(m_cache, id, task); }
-    bool QueryTaskById(const std::wstring& id, TaskRecord& task) override { return find(tasks, id, task); }
+    bool QueryTaskById(const std::wstring& id, TaskRecord& task) override {
+        return isAnswered(L"read " + id) && find(tasks, id, task);
+    }
     bool UpdateTask(const TaskRecord& task) override {
         updates.push_back(task);
-        if (!answers(L"update " + task.id))
+        if (!accepts(L"update " + task.id))
             return false;
         std::replace_if(
             tasks.begin(), tasks.end(), [&](const auto& other) { return other.id == task.id; }, task);
         return true;
     }
     bool MoveTaskToCatalog(const std::wstring& taskId, const std::wstring& catalogId) override {
-        if (!answers(L"task " + taskId + L" to " + catalogId))
+        if (!accepts(L"task " + taskId + L" to " + catalogId))
             return false;
         for (auto& task : tasks)
             if (task.id == taskId)
@@ -47,7 +49,7 @@ public:
         std::wstring call = L"remove";
         for (const auto& id : ids)
             call += L" " + id;
-        if (!answers(call))
+        if (!accepts(call))
             return false;
         std::erase_if(tasks, [&](const auto& task) { return std::count(ids.begin(), ids.end(), task.id) > 0; });
         return true;
@@ -66,12 +68,6 @@ public:
             task.status = 1;
             tasks.push_back(task);
         }
-    }
-
-protected:
-    bool answers(const std::wstring& call) {
-        calls.push_back(call);
-        return refused.empty() || call.rfind(refused, 0) != 0;
     }
 
 private:

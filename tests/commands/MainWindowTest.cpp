@@ -11,6 +11,7 @@
 #include "commands/DisclosureManage/ui/task/TaskManagerViewModel.h"
 #include "sdk/basetools/AuthCodeTool.h"
 #include "tests/support/ModalWindow.h"
+#include "tests/support/QuickPilot.h"
 #include "tests/support/ScreenHost.h"
 
 using BASETOOLS::CAuthCodeTool;
@@ -235,11 +236,11 @@ TEST_F(MainWindow, ChecksNamesWithTheFirstFailingRule) {
 
 TEST_F(MainWindow, DeletesAfterAskingAndSelectsTheNeighbour) {
     run([&](ModalWindow& window, CatalogTreeModel& model) {
-        const QString question = "删除后，此目录下的交底任务无法恢复，是否确定删除？?";
+        const QString question = "删除后，此目录下的交底任务无法恢复，是否确定删除？\n";
         window.click(window.text("土建(7)"));
         host.answer = BASEUI::MessageResult::Cancel;
         window.click(window.button("删除"));
-        EXPECT_EQ(host.messages, QStringList(question));
+        EXPECT_EQ(host.messages, QStringList(question + "目录“土建”：2个下级目录，7个任务?"));
         EXPECT_TRUE(host.progress.isEmpty());
         EXPECT_EQ(calls(), "");
 
@@ -263,6 +264,8 @@ TEST_F(MainWindow, DeletesAfterAskingAndSelectsTheNeighbour) {
         host.manager.catalogs.resize(1);
         calls();
         window.key(Qt::Key_Delete);
+        EXPECT_EQ(host.messages.takeLast(),
+                  question + "目录“全部”：0个下级目录，2个任务\n将清空整个部门，请输入“一项目部”以确认?");
         EXPECT_EQ(calls(), "delete all | list | save 全部 in  | list");
         EXPECT_EQ(outline(model), "全部");
         EXPECT_EQ(current(model), "全部");
@@ -390,13 +393,107 @@ TEST_F(MainWindow, FirstCatalogsAreCreatedOnceTheirParentIsKnown) {
         host.manager.refused = refused;
         run([&](ModalWindow& window, CatalogTreeModel& model) {
             EXPECT_EQ(outline(model), "");
+            EXPECT_TRUE(window.text("未能读取：没有权限"));
             window.key(Qt::Key_Delete);
-            window.click(window.button("新建"));
-            window.click(window.text("确定"));
-            EXPECT_TRUE(window.text("  文件夹新建")) << "there is nothing to create it in";
             EXPECT_EQ(calls(), "");
+            // There is nothing to create anything in.
+            for (const char* button : {"新建", "重命名", "删除", "上移", "下移"})
+                EXPECT_FALSE(window.button(button)->isEnabled()) << button;
         });
     }
+}
+
+TEST_F(MainWindow, WhatCouldNotBeReadComesBackByItself) {
+    host.manager.refused = L"list";
+    host.manager.unsaid = L"与服务的连接失败";
+    host.service.reason = L"服务无法连接";
+    host.rights.granted.clear();  // the host could not read them either
+    run([&](ModalWindow& window, CatalogTreeModel& model) {
+        EXPECT_TRUE(window.text("未能读取：与服务的连接失败"));
+        EXPECT_TRUE(support::findItem(window.view()->contentItem(), [](QQuickItem* item) {
+            return item->property("text").toString().startsWith("服务无法连接。");
+        })) << "the strip";
+        EXPECT_FALSE(window.text("共计0条数据"));
+        window.click(window.text("重试"));
+        EXPECT_EQ(calls(), "list");
+        EXPECT_TRUE(window.text("未能读取：与服务的连接失败"));
+        host.manager.refused = L"page";  // the next to fail
+        host.rights.granted = {CAuthCodeTool::GetAuthCode(CAuthCodeTool::kEditCatalogs)};
+        host.service.become({});
+        EXPECT_EQ(outline(model), kFilled);
+        EXPECT_EQ(current(model), "全部");
+        EXPECT_TRUE(window.button("重命名")->isEnabled());
+    });
+    EXPECT_TRUE(host.messages.isEmpty()) << "nobody was asked for anything";
+}
+
+TEST_F(MainWindow, AnotherReadingKeepsWhatTheUserHas) {
+    for (int i = 0; i < 60; ++i)
+        host.manager.catalogs.push_back({L"n" + std::to_wstring(i), L"分部" + std::to_wstring(i), L"civil", 0, i});
+    run([&](ModalWindow& window, CatalogTreeModel& model) {
+        auto* scrolled = window.find("initialExpandAll", false)->property("flickableItem").value<QQuickItem*>();
+        window.click(window.text("土建(7)"));
+        window.key(Qt::Key_Right);
+        window.key(Qt::Key_Down);
+        const_cast<TaskManagerViewModel*>(taskList(window))->setSearchTaskStatus(2);
+        ModalWindow::settle();
+        scrolled->setProperty("contentY", 240);
+        ModalWindow::settle();
+        host.manager.catalogs[2].name = L"安装";
+        window.key(Qt::Key_F5);
+        EXPECT_EQ(calls().substr(0, 4), "list");
+        EXPECT_EQ(current(model), "基础");
+        EXPECT_EQ(taskList(window)->searchTaskStatus(), 2);
+        EXPECT_EQ(scrolled->property("contentY"), 240);
+        EXPECT_TRUE(window.text("分部9(0)")) << "what was open";
+        EXPECT_NE(outline(model).find("安装(5)"), std::string::npos);
+
+        host.manager.refused = L"list";
+        window.click(window.button("刷新"));
+        EXPECT_TRUE(window.text("分部9(0)")) << "a failure takes nothing away";
+        EXPECT_TRUE(window.text("未能读取：没有权限"));
+
+        window.click(window.text("分部9(0)"));
+        // While a question is open nothing is read: the row that it is about must not go.
+        calls();
+        BASEUI::SetMessageBoxHandler([&](const std::wstring&, QWidget*, BASEUI::MessageButtons) {
+            host.manager.refused.clear();
+            host.service.become({});
+            EXPECT_EQ(calls(), "");
+            return BASEUI::MessageResult::Cancel;
+        });
+        window.key(Qt::Key_Delete);
+        EXPECT_EQ(calls(), "list");
+        ModalWindow::settle();
+        EXPECT_FALSE(window.text("未能读取：没有权限"));
+    });
+}
+
+TEST_F(MainWindow, ANameThatGotNoAnswerStaysToBeTriedAgain) {
+    run([&](ModalWindow& window, CatalogTreeModel& model) {
+        window.click(window.text("土建(7)"));
+        host.manager.unsaid = L"服务没有按时应答";
+        for (const auto& [key, call, name] :
+             {std::tuple(Qt::Key_Insert, L"save", "装修"), {Qt::Key_F2, L"rename", "土木"}}) {
+            host.manager.refused = call;
+            window.key(key);
+            window.key(Qt::Key_Delete);
+            window.compose("z", name);
+            window.key(Qt::Key_Return);
+            EXPECT_TRUE(window.text("未完成：服务没有按时应答")) << name;
+            EXPECT_EQ(field(window), name);
+            host.manager.refused.clear();
+            window.click(window.text("确定"));
+            EXPECT_FALSE(window.text("确定"));
+        }
+        EXPECT_EQ(outline(model), "全部[土木(7)[基础(4) 主体(0) 装修(0)] 机电(5)]");
+        for (const auto& [button, call] : {std::pair("上移", L"move"), {"删除", L"delete"}}) {
+            host.manager.refused = call;
+            window.click(window.button(button));
+            EXPECT_TRUE(host.messages.takeLast().endsWith("未完成：服务没有按时应答")) << button;
+        }
+        EXPECT_EQ(host.messages.size(), 1) << "the question";
+    });
 }
 
 TEST_F(MainWindow, IsDraggedByTheCursorsMovementAndMaximised) {

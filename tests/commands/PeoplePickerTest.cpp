@@ -22,7 +22,8 @@ protected:
     Pickers() { host.core.managers[BASECORE::NAMES::kDepartments] = &people; }
 
     /// The tree of the search, "部门[login login]".
-    static std::string outline(const PeopleDirectory& directory, const QString& search) {
+    static std::string outline(PeopleDirectory directory, const QString& search) {
+        directory.read();
         std::unique_ptr<NameTreeNode> top(directory.createTree<NameTreeNode>(search));
         return top ? outline(top.get()).toStdString() : "nobody";
     }
@@ -80,7 +81,7 @@ protected:
 }  // namespace
 
 TEST_F(Pickers, SearchKeepsTheDepartmentsOfThoseFound) {
-    const PeopleDirectory all;
+    PeopleDirectory all;
     EXPECT_EQ(outline(all, ""), "总公司[一分部[钢筋组[zhangwei zhangwei2 noname] lina] 二分部[ZhaoLei]]");
     EXPECT_EQ(outline(all, "张"), "总公司[一分部[钢筋组[zhangwei zhangwei2]]]");
     EXPECT_EQ(outline(all, " zHaOl "), "总公司[二分部[ZhaoLei]]");
@@ -100,7 +101,21 @@ TEST_F(Pickers, ABadOrganisationLosesNobody) {
     EXPECT_EQ(outline(PeopleDirectory(), ""), "nobody");
     host.core.managers.erase(BASECORE::NAMES::kDepartments);
     EXPECT_EQ(outline(PeopleDirectory(), ""), "nobody");
-    chooseOwner([](ModalWindow& window) { EXPECT_TRUE(window.text("确定")); });
+    chooseOwner([&](ModalWindow& window) {
+        EXPECT_TRUE(window.text("未能读取：没有得到应答"));
+        search(window, "zhao");
+        EXPECT_TRUE(window.text("未能读取：没有得到应答"));
+        host.core.managers[BASECORE::NAMES::kDepartments] = &people;
+        people.readable = true;
+        host.service.become({});
+        ModalWindow::settle();
+        EXPECT_TRUE(window.text("赵磊(ZhaoLei)"));
+        EXPECT_FALSE(window.text("李娜(lina)")) << "the search is the same";
+        search(window, "nobody");
+        EXPECT_TRUE(window.text("没有找到“nobody”"));
+        window.click(window.text("清除搜索"));
+        EXPECT_TRUE(window.text("李娜(lina)"));
+    });
     host.core.managers.clear();
     UserRecord person;
     ModalWindow::expectNone([&] { EXPECT_FALSE(CSelectOwnerWnd::choose(person, {})); });
@@ -215,7 +230,7 @@ TEST_F(Pickers, NobodyOfALargeOrganisationIsMissing) {
         people.departments.push_back({L"d" + std::to_wstring(i), L"班组" + std::to_wstring(i), above});
     }
     fillPeople([](int i) { return L"d" + std::to_wstring(i % 203); });  // a few in departments that nobody lists
-    const PeopleDirectory all;
+    PeopleDirectory all;
     EXPECT_EQ(QString::fromStdString(outline(all, "")).count("user"), 5000);
     EXPECT_EQ(outline(all, "USER4999"), "总公司[班组12[班组127[user4999]]]");
 }

@@ -58,11 +58,33 @@ TEST_F(TaskList, ShowsThePageOfTheCatalog) {
     EXPECT_EQ(people.reads, 1) << "once a refresh, not once a row";
 }
 
-TEST_F(TaskList, PagesNeverFallBelowOne) {
+TEST_F(TaskList, PagesStayWithinTheirNumber) {
+    list.prevPage();
+    EXPECT_EQ(list.currentPage(), 1);
+    list.lastPage();
+    list.nextPage();
+    settle();
+    EXPECT_EQ(shown(0, "name"), "任务30");
+    service.queries.clear();
     list.setItemsPerPage(30);
+    settle();
+    settle();
+    ASSERT_EQ(service.queries.size(), 1u) << "page and size cost one query";
+    EXPECT_EQ(lastQuery().currentPage, 2);
     EXPECT_EQ(list.totalPage(), 2);
+
+    service.fillTasks(16);  // the page is gone
+    int rowsAtCount = -1;
+    QObject::connect(&list, &TaskManagerViewModel::totalCountChanged, [&] { rowsAtCount = rowCount(); });
+    reread();
+    settle();
+    EXPECT_EQ(list.currentPage(), 1);
+    EXPECT_EQ(rowCount(), 16);
+    service.fillTasks(3);
+    reread();
+    EXPECT_EQ(rowsAtCount, 3) << "rows come before their count";
+
     list.setItemsPerPage(0);
-    EXPECT_EQ(list.totalPage(), 31);
     list.setTotalCount(0);
     list.setCurrentPage(-3);
     list.setTotalPage(0);
@@ -73,22 +95,141 @@ TEST_F(TaskList, PagesNeverFallBelowOne) {
     EXPECT_EQ(list.totalPage(), 143165577);
 }
 
-TEST_F(TaskList, StepsThroughThePagesAndTakesLargerOnesWithOneQuery) {
-    list.prevPage();
-    EXPECT_EQ(list.currentPage(), 1);
-    list.nextPage();
-    EXPECT_EQ(list.currentPage(), 2);
-    list.lastPage();
-    list.nextPage();
-    settle();
-    EXPECT_EQ(shown(0, "name"), "任务30");
-    service.queries.clear();
+TEST_F(TaskList, AFailureLeavesThePageAndIsTriedAgain) {
+    MapTaskModel* before = list.taskModel();
+    service.refused = L"page";
     list.setItemsPerPage(30);
+    list.nextPage();
     settle();
+    EXPECT_EQ(list.taskModel(), before);
+    EXPECT_EQ(list.itemsPerPage(), 15);
+    EXPECT_EQ(list.currentPage(), 1);
+    EXPECT_EQ(list.shownCount(), 31);
+    EXPECT_TRUE(list.reading()->isFailed() && !list.reading()->covers());
+    service.refused.clear();
+    service.queries.clear();
+    list.nextPage();
     settle();
-    ASSERT_EQ(service.queries.size(), 1u);
-    EXPECT_EQ(lastQuery().currentPage, 2);
-    EXPECT_EQ(rowCount(), 1);
+    ASSERT_EQ(service.queries.size(), 1u) << "a failed query is forgotten";
+    EXPECT_EQ(shown(0, "name"), "任务15");
+    EXPECT_TRUE(list.reading()->text().isEmpty());
+
+    service.refused = L"page";
+    list.setSearchTaskStatus(2);
+    list.setCurrentPage(1);
+    settle();
+    EXPECT_EQ(list.currentPage(), 1) << "the other status begins at its first page when it is tried again";
+    EXPECT_EQ(shown(0, "name"), "任务15");
+    service.unsaid = L"服务没有按时应答";
+    list.setCatalogId("frame");
+    EXPECT_EQ(list.shownCount(), -1) << "not 0: nobody knows";
+    settle();
+    EXPECT_EQ(rowCount(), 0) << "rows of another catalog are no answer";
+    EXPECT_EQ(list.shownCount(), -1);
+    EXPECT_EQ(list.reading()->text(), "未能读取：服务没有按时应答");
+    EXPECT_TRUE(list.reading()->covers());
+}
+
+TEST_F(TaskList, SaysWhyThereIsNothing) {
+    service.tasks.clear();
+    list.setSearchText("柱");
+    list.setSearchTaskStatus(2);
+    list.chooseDateRange(7);
+    settle();
+    const QString today = QDate::currentDate().toString(Qt::ISODate);
+    EXPECT_EQ(list.reading()->text(), "没有符合条件的任务：名称含“柱”，状态为已交底，" + today + "至" + today);
+    EXPECT_TRUE(list.reading()->isExcluded());
+    list.clearFilters();
+    settle();
+    EXPECT_EQ(lastQuery().keyword + std::to_wstring(lastQuery().status) + std::to_wstring(lastQuery().dateType),
+              L"0-1");
+    EXPECT_EQ(list.reading()->text(), "此目录下没有任务");
+    EXPECT_FALSE(list.reading()->isExcluded());
+    EXPECT_EQ(list.shownCount(), 0);
+
+    service.queries.clear();
+    list.setCatalogId("");
+    reread();
+    EXPECT_TRUE(service.queries.empty()) << "without a catalog the whole department would be listed";
+    EXPECT_TRUE(list.reading()->isUnread());
+}
+
+TEST_F(TaskList, TasksStayCheckedOverThePagesOfOneSearch) {
+    row(1)->setSelected(true);
+    list.nextPage();
+    settle();
+    row(2)->setSelected(true);
+    list.sortByColumn("任务名称", 2);
+    list.firstPage();
+    settle();
+    EXPECT_TRUE(row(1)->selected());
+    EXPECT_EQ(list.checkedCount(), 2);
+    host.answer = BASEUI::MessageResult::Cancel;
+    list.OnDelTasks({1});
+    EXPECT_EQ(host.messages.takeLast(), "是否删除？删除后，不能恢复数据。\n共2个任务，其中1个在其他页?");
+    EXPECT_EQ(list.checkedCount(), 2);
+
+    // Of what is done, nothing stays checked; of what is refused, everything.
+    host.answer = BASEUI::MessageResult::Ok;
+    service.refused = L"remove";
+    list.OnDelTasks({1});
+    EXPECT_EQ(list.checkedCount(), 2);
+    service.refused = L"task t17";
+    list.moveTasksTo("frame", {1});
+    settle();
+    EXPECT_EQ(list.checkedCount(), 1);
+    service.refused.clear();
+    list.OnDelTasks({});
+    settle();
+    EXPECT_EQ(service.tasks.size(), 30u);
+    EXPECT_EQ(list.checkedCount(), 0);
+    row(0)->setSelected(true);
+    list.nextPage();
+    settle();
+    list.setSearchText("柱");
+    settle();
+    EXPECT_EQ(list.checkedCount(), 0) << "another search hides what was checked";
+    row(0)->setSelected(true);
+    list.uncheckAll();
+    EXPECT_EQ(list.checkedCount(), 0);
+}
+
+TEST_F(TaskList, AnEditedRowKeepsItsPlace) {
+    QObject::connect(&list, &TaskManagerViewModel::done, [this](const QString& what) { counts << what; });
+    const TaskModel* edited = row(6);
+    service.queries.clear();
+    EXPECT_TRUE(list.onEditDate("2024-02-29", "计划交底日期", row(6)));
+    service.tasks[6].remark = L"他人的备注";  // a later version than the page's
+    EXPECT_TRUE(list.onEditOwner("李娜", row(6)));
+    settle();
+    EXPECT_EQ(row(6), edited);
+    EXPECT_EQ(shown(6, "owner") + shown(6, "plan_show"), "李娜2024-02-29");
+    EXPECT_EQ(service.updates.back().remark, L"他人的备注");
+    EXPECT_TRUE(service.queries.empty());
+    EXPECT_EQ(counts, (QStringList{"任务“任务6”已保存", "任务“任务6”已保存"}));
+}
+
+TEST_F(TaskList, FailuresThatNobodyHasShownAreSaidOnce) {
+    service.unsaid = L"服务无法连接";
+    const std::tuple<const wchar_t*, std::function<void()>, const char*> commands[] = {
+        {L"remove", [&] { list.OnDelTasks({0}); }, "删除"},
+        {L"task",
+         [&] {
+             list.moveTasksTo("frame", {0, 1});
+         },
+         "移动"},
+        {L"update", [&] { list.onEditOwner("李娜", row(0)); }, "修改"},
+        {L"read", [&] { list.onEditOwner("李娜", row(0)); }, "修改"},
+        {L"read", [&] { list.ModifyTask(row(0)); }, "打开任务"}};
+    for (const auto& [call, command, what] : commands) {
+        service.refused = call;
+        host.messages.clear();
+        command();
+        EXPECT_EQ(host.messages.takeLast(), QString(what) + "未完成：服务无法连接");
+        EXPECT_LE(host.messages.size(), 1) << "the question";
+        settle();
+    }
+    EXPECT_TRUE(counts.isEmpty());
 }
 
 TEST_F(TaskList, GathersABurstIntoOneQuery) {
@@ -119,62 +260,6 @@ TEST_F(TaskList, RepeatsTheSameQueryOnlyWhenForced) {
     settle();
     EXPECT_EQ(service.queries.size(), 1u);
     EXPECT_TRUE(row(3)->selected()) << "what was checked stays checked";
-}
-
-TEST_F(TaskList, FailureLeavesTheListAsItWas) {
-    MapTaskModel* before = list.taskModel();
-    service.refused = L"page";
-    list.nextPage();
-    settle();
-    EXPECT_EQ(list.taskModel(), before);
-    EXPECT_EQ(list.currentPage(), 1);
-    EXPECT_EQ(list.totalCount(), 31);
-    service.queries.clear();
-    service.refused.clear();
-    list.RefreshCurrentTaskInfo(false);
-    settle();
-    EXPECT_EQ(service.queries.size(), 1u) << "a failed query is forgotten";
-
-    service.refused = L"page";
-    list.setCatalogId("frame");
-    settle();
-    EXPECT_EQ(rowCount(), 0) << "rows of another catalog are no answer";
-}
-
-TEST_F(TaskList, FailureGoesBackToThePageOfTheRowsUnlessTheSearchIsAnother) {
-    list.nextPage();
-    settle();
-    service.refused = L"page";
-    list.setItemsPerPage(30);
-    list.firstPage();
-    settle();
-    EXPECT_EQ(list.itemsPerPage(), 15);
-    EXPECT_EQ(list.currentPage(), 2);
-    EXPECT_EQ(list.totalPage(), 3);
-
-    list.setSearchTaskStatus(2);
-    list.setCurrentPage(1);
-    settle();
-    EXPECT_EQ(list.currentPage(), 1) << "the other status begins at its first page when it is tried again";
-    EXPECT_EQ(shown(0, "name"), "任务15");
-}
-
-TEST_F(TaskList, GoesToTheLastPageWhenItsOwnIsGone) {
-    list.lastPage();
-    settle();
-    service.fillTasks(16);
-    reread();
-    settle();
-    EXPECT_EQ(list.currentPage(), 2);
-    EXPECT_EQ(rowCount(), 1);
-}
-
-TEST_F(TaskList, RowsComeBeforeTheirCount) {
-    int rowsAtCount = -1;
-    QObject::connect(&list, &TaskManagerViewModel::totalCountChanged, [&] { rowsAtCount = rowCount(); });
-    service.fillTasks(3);
-    reread();
-    EXPECT_EQ(rowsAtCount, 3);
 }
 
 TEST_F(TaskList, OnlyAnotherCatalogStartsAfresh) {
@@ -248,7 +333,7 @@ TEST_F(TaskList, DeletesAfterAQuestion) {
     list.OnDelTasks({0, 1});
     list.OnDelTasks({});
     list.OnDelTasks({99, "x", QVariant()});
-    EXPECT_EQ(host.messages, QStringList{"是否删除？删除后，不能恢复数据。?"});
+    EXPECT_EQ(host.messages, QStringList{"是否删除？删除后，不能恢复数据。\n共2个任务?"});
     EXPECT_TRUE(service.calls.empty());
 
     host.answer = BASEUI::MessageResult::Ok;

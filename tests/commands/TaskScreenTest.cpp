@@ -75,30 +75,90 @@ TEST_F(TaskScreen, ShowsFourteenColumnsInTheirOrder) {
     });
 }
 
-TEST_F(TaskScreen, FiltersGoIntoTheQuery) {
+TEST_F(TaskScreen, EveryControlDoesItsOwn) {
     run([&](ModalWindow& window) {
-        list->lastPage();
-        settle();
-        QQuickItem* status = window.find("currentText", "全部");
-        ASSERT_TRUE(status);
-        status->forceActiveFocus();
-        window.key(Qt::Key_Down);
-        settle();
-        EXPECT_EQ(service.queries.back().status, 1);
-        EXPECT_EQ(service.queries.back().currentPage, 1);
-
         QQuickItem* dateKind = window.find("currentText", "实际交底时间");
+        QQuickItem* status = window.find("currentText", "全部");
+        QQuickItem* search = window.find("placeholderText", "请输入名称进行搜索");
+        const QString today = QDate::currentDate().toString(Qt::ISODate);
+        const auto dateField = [&](bool isEnd) {  // the start stands to the left
+            QList<QQuickItem*> fields;
+            support::findItem(window.view()->contentItem(), [&](QQuickItem* item) {
+                if (item->property("day").isValid())
+                    fields << item;
+                return false;
+            });
+            EXPECT_EQ(fields.size(), 2);
+            const bool isFirst = fields[0]->mapToScene({}).x() < fields[1]->mapToScene({}).x();
+            return fields[isFirst == isEnd ? 1 : 0];
+        };
+        const auto choose = [&](QQuickItem* combo) {
+            combo->forceActiveFocus();
+            window.key(Qt::Key_Down);
+        };
+        const auto asked = [&] {
+            const auto& query = service.queries.back();
+            const auto day = [](int64_t mills) {
+                return mills < 0 ? "-" : QDateTime::fromMSecsSinceEpoch(mills).toString("MM-dd");
+            };
+            return QString("%1 %2 %3/%4 %5 p%6x%7")
+                .arg(query.status)
+                .arg(query.dateType)
+                .arg(day(query.startDateMills), day(query.endDateMills))
+                .arg(QString::fromStdWString(query.keyword))
+                .arg(query.currentPage)
+                .arg(query.pageSize)
+                .toStdString();
+        };
+        const QString now = QDate::currentDate().toString("MM-dd");
         EXPECT_FALSE(dateKind->isEnabled());
-        window.click(window.find("text", "不限"));
-        EXPECT_TRUE(dateKind->isEnabled());
-        window.click(button(window, "常用日期范围"));
-        window.click(window.text("今天"));
-        settle();
-        EXPECT_EQ(service.queries.back().dateType, 1);
-        enter(window, window.find("day", QDate::currentDate().toString("yyyy-MM-dd")), "2024-02-29");
-        EXPECT_EQ(list->searchStartDate(), "2024-02-29");
-        enter(window, window.find("day", "2024-02-29"), "2024-02-30");
+        const std::tuple<const char*, std::function<void()>, QString> steps[] = {
+            {"last page", [&] { window.click(button(window, "末页")); }, "-1 -1 -/-  p3x15"},
+            {"不限", [&] { window.click(window.find("text", "不限")); }, "-1 1 " + now + "/" + now + "  p3x15"},
+            {"kind of date", [&] { choose(dateKind); }, "-1 2 " + now + "/" + now + "  p3x15"},
+            {"start", [&] { enter(window, dateField(false), "2024-02-28"); }, "-1 2 02-28/" + now + "  p3x15"},
+            {"end", [&] { enter(window, dateField(true), "2024-03-02"); }, "-1 2 02-28/03-02  p3x15"},
+            {"no date", [&] { enter(window, dateField(true), "2024-02-30"); }, "-1 2 02-28/03-02  p3x15"},
+            {"Enter in the search", [&] { enter(window, search, "x"); }, "-1 2 02-28/03-02 x p3x15"},
+            {"the search's icon",
+             [&] {
+                 window.click(search);
+                 window.type("y");
+                 window.click(support::findItem(search, [](QQuickItem* item) {
+                     return item->property("iconSource") == QUrl("qrc:/ui/Images/search.png");
+                 }));
+             },
+             "-1 2 02-28/03-02 xy p1x15"},
+            {"next", [&] { window.click(button(window, "下一页")); }, "-1 2 02-28/03-02 xy p2x15"},
+            {"status", [&] { choose(status); }, "1 2 02-28/03-02 xy p1x15"},
+            {"page size", [&] { choose(window.find("objectName", "pageSizes")); }, "1 2 02-28/03-02 xy p1x20"},
+            {"today",
+             [&] {
+                 window.click(button(window, "常用日期范围"));
+                 window.click(window.text("今天"));
+             },
+             "1 2 " + now + "/" + now + " xy p1x20"}};
+        for (const auto& [what, act, expected] : steps) {
+            act();
+            settle();
+            EXPECT_EQ(asked(), expected.toStdString()) << what;
+        }
+        ASSERT_EQ(host.messages.size(), 1);
         EXPECT_TRUE(host.messages.takeLast().startsWith("“2024-02-30”不是日期"));
+
+        service.queries.clear();
+        window.click(button(window, "刷新"));
+        settle();
+        EXPECT_EQ(service.queries.size(), 1u);
+        ModalWindow::run([&] { window.click(button(window, "新建")); },
+                         [](ModalWindow& editor) { EXPECT_TRUE(editor.find("name", "任务名称：")); });
+        ModalWindow::run([&] { window.click(window.text("提醒")); },
+                         [](ModalWindow& remind) { EXPECT_TRUE(remind.text("提醒已过期的未交底任务")); });
+        task(2)->setSelected(true);
+        ModalWindow::run([&] { window.click(button(window, "移动")); },
+                         [](ModalWindow& chooser) { EXPECT_TRUE(chooser.text("任务“任务2”")); });
+        window.click(button(window, "导出"));
+        EXPECT_EQ(host.messages, QStringList{"该功能将在后续版本提供"});
 
         list->setCatalogId("mep");
         settle();
@@ -153,6 +213,11 @@ TEST_F(TaskScreen, CheckedRowsAreDeleted) {
         task(2)->setSelected(true);
         task(4)->setSelected(true);
         EXPECT_TRUE(remove->isEnabled());
+        list->nextPage();
+        settle();
+        EXPECT_TRUE(window.text("已选 2 条"));
+        list->prevPage();
+        settle();
         window.click(remove);
         settle();
         EXPECT_EQ(service.tasks.size(), 29u);
@@ -336,6 +401,8 @@ TEST_F(TaskScreen, AnotherReadingKeepsThePlace) {
         EXPECT_EQ(view->property("contentX"), 120);
         EXPECT_EQ(currentRow(window), 14);
         EXPECT_EQ(view->property("contentY").toReal(), top);
+        window.key(Qt::Key_Up);
+        EXPECT_EQ(currentRow(window), 13) << "the keyboard stays, too";
         list->nextPage();
         settle();
         EXPECT_EQ(currentRow(window), -1);

@@ -66,10 +66,6 @@ void press(QQuickView* view, const QString& text) {
     reach(view, button(view->contentItem(), text));
 }
 
-void expectRefusal(QQuickView* view, const QString& button, const QString& message, const char* pictureName) {
-    answering(pictureName, message, [&] { press(view, button); });
-}
-
 void choosePeople(QQuickView* view, const QString& caption, const char* pictureName,
                   const QList<QPair<QString, QString>>& people) {
     inPicker(view, caption, [&](QQuickView* picker) {
@@ -88,26 +84,13 @@ void choosePeople(QQuickView* view, const QString& caption, const char* pictureN
     });
 }
 
-void removeReceiver(QQuickView* view, const QString& person) {
-    inPicker(view, QStringLiteral("接受交底人："), [&](QQuickView* picker) {
-        QQuickItem* name = support::findByText(picker, person);
-        expect(name != nullptr, person + " is among the chosen");
-        QQuickItem* button = support::findItem(name->parentItem(),
-                                               [](QQuickItem* item) { return item->property("iconSource").isValid(); });
-        support::click(button);
-        expectSoon([&] { return !support::findByText(picker, person); }, person + " is taken out");
-    });
-}
-
-void upload(QQuickView* view, const QString& path, const char* pictureName) {
+void upload(QQuickView* view, const QString& path) {
     inWidgets(
         QStringLiteral("打开"), [&] { press(view, QStringLiteral("本地上传")); },
         [&](QWidget* dialog) {
             auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
             expect(name != nullptr, "the file dialog takes a name");
             name->setText(path);
-            if (pictureName)
-                picture(pictureName);
             QTest::keyClick(name, Qt::Key_Return);
         });
 }

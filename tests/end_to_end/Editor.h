@@ -13,16 +13,12 @@ QString value(QQuickView* view, const QString& caption);
 void enter(QQuickView* view, const QString& caption, const QString& text);
 /// Clicks the button with that text, to which the form scrolls.
 void press(QQuickView* view, const QString& text);
-/// Presses a button that is refused with this message.
-void expectRefusal(QQuickView* view, const QString& button, const QString& message, const char* pictureName = nullptr);
 
 /// Presses "选择" beside the caption, searches in the dialog that opens for each of the people and clicks on them:
 /// search text and shown name.
 void choosePeople(QQuickView* view, const QString& caption, const char* pictureName,
                   const QList<QPair<QString, QString>>& people);
-/// Takes the person out of the receivers.
-void removeReceiver(QQuickView* view, const QString& person);
 /// Presses "本地上传" and gives the path to the file dialog that opens.
-void upload(QQuickView* view, const QString& path, const char* pictureName = nullptr);
+void upload(QQuickView* view, const QString& path);
 
 }  // namespace editor

@@ -24,8 +24,8 @@ void pictureAtOnce(const char* name);
 void inDialog(const QString& title, const std::function<void()>& open, const std::function<void(QQuickView*)>& steps);
 /// The same for a dialog of widgets with that window title.
 void inWidgets(const QString& title, const std::function<void()>& open, const std::function<void(QWidget*)>& steps);
-/// Calls `ask`, which opens a message box that must say `text`, and answers it with its first button. Without a name no
-/// picture is saved.
+/// Calls `ask`, which opens a message box that must begin with `text`, and answers it with its first button. Without a
+/// name no picture is saved.
 void answering(const char* pictureName, const QString& text, const std::function<void()>& ask);
 
 /// The halves of the main window, which have buttons of the same names.

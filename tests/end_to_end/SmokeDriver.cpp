@@ -18,7 +18,7 @@ public:
     SmokeDriver() : CMgrObject(L"SmokeDriver"), m_service(qEnvironmentVariable("SMOKE_SERVICE")) {}
 
     void Startup() override {
-        QTimer::singleShot(0, qApp, [this] { walk(); });
+        QTimer::singleShot(1, qApp, [this] { walk(); });  // a timer: what is posted comes through a wait
     }
 
 private:
@@ -35,6 +35,7 @@ private:
                 walkCatalogs(view, m_service);
                 walkTaskList(view, m_service);
                 walkTaskLife(view, m_service);
+                walkOutage(view, m_service);
                 walkReminders(view, m_service);
             });
         walkMessages(m_service);

@@ -6,11 +6,13 @@
 
 /// Creates, renames, moves and deletes a catalog in the main window.
 void walkCatalogs(QQuickView* view, ServiceProbe& service);
-/// Filters, sorts, pages and changes tasks in the main window.
+/// Searches, sorts, pages and changes tasks in the main window.
 void walkTaskList(QQuickView* view, ServiceProbe& service);
 /// Creates a task with an uploaded document, edits it while the service is away, publishes it after the session has
 /// expired, moves and deletes it.
 void walkTaskLife(QQuickView* view, ServiceProbe& service);
+/// Cuts the network under the main window and joins it again.
+void walkOutage(QQuickView* view, ServiceProbe& service);
 /// Sets the reminders, so that the service makes messages.
 void walkReminders(QQuickView* view, ServiceProbe& service);
 /// Reads the messages under the workbench's bell and opens the task of the first one.

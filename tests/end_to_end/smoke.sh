@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# Logs in by keyboard as the demo user, then lets the driver plug-in walk the screens: smoke.sh BIN SERVICE DATA DIR
+# Logs in by keyboard as the demo user, then lets the driver plug-in walk the screens:
+#   smoke.sh BIN SERVICE NETWORK DATA DIR       NETWORK is the address at which the workbench reaches the service
 set -euo pipefail
-bin=$1 service=$2 data=$3 pictures=$4
+bin=$1 service=$2 network=$3 data=$4 pictures=$5
 
 export SMOKE_DIR=$pictures SMOKE_SERVICE=$service
 # The display's driver keeps what it allocates, and exact stacks of every allocation would make the walk crawl.
 export ASAN_OPTIONS=${ASAN_OPTIONS:-}:detect_leaks=0:fast_unwind_on_malloc=1
-"$bin/workbench" --service "$service" --data "$data/workbench" \
+"$bin/workbench" --service "$network" --data "$data/workbench" \
     --plugins "$bin/../plugins" --plugins "$bin/../tests/plugins" &
 workbench=$!
 trap 'kill $workbench 2>/dev/null || true' EXIT

@@ -7,6 +7,7 @@
 #include "sdk/basecore/ManagerNames.h"
 #include "sdk/basecore/MgrObject.h"
 #include "sdk/packages/disclosure/IDisclosureManageMgr.h"
+#include "sdk/packages/disclosure/LastFailure.h"
 
 namespace support {
 
@@ -17,7 +18,8 @@ public:
 
     std::vector<DISCLOSUREPACKAGE::CatalogRecord> catalogs;
     std::vector<std::wstring> calls;  // "save 名称 in parent", "delete id", ...
-    std::wstring refused;             // the calls that begin so are refused
+    std::wstring refused;             // the calls that begin so fail
+    std::wstring unsaid;              // why they do where the host has not shown it; empty for a refusal
     QWidget* parent = nullptr;
 
     bool SaveCatalog(const DISCLOSUREPACKAGE::CatalogRecord& catalog) override {
@@ -84,10 +86,15 @@ public:
                     {L"frame", L"主体", L"civil", 0, 1}};
     }
 
-private:
+protected:
     bool accepts(const std::wstring& call) {
         calls.push_back(call);
-        return refused.empty() || call.rfind(refused, 0) != 0;
+        return isAnswered(call);
+    }
+    bool isAnswered(const std::wstring& call) const {
+        const bool fails = !refused.empty() && call.rfind(refused, 0) == 0;
+        DISCLOSUREPACKAGE::SetLastFailure(!fails ? L"" : unsaid.empty() ? L"没有权限" : unsaid, unsaid.empty());
+        return !fails;
     }
 };
 

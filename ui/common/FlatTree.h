@@ -156,3 +156,15 @@ Node* CreateFlatTree(const std::vector<FlatTreePlace>& places, Create create) {
         nodes.push_back(create(place.record, place.parent < 0 ? nullptr : nodes[place.parent]));
     return nodes.empty() ? nullptr : nodes.front();
 }
+
+/// Marks the places that pass `isFound` and those above them.
+template <class IsFound>
+std::vector<char> FoundPlaces(const std::vector<FlatTreePlace>& places, IsFound isFound) {
+    std::vector<char> found(places.size(), 0);
+    for (size_t i = places.size(); i-- > 0;) {  // parents come first, so that going back passes each mark on
+        found[i] = found[i] || isFound(places[i]);
+        if (found[i] && places[i].parent >= 0)
+            found[static_cast<size_t>(places[i].parent)] = 1;
+    }
+    return found;
+}

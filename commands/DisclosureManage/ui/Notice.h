@@ -10,3 +10,10 @@ inline BASEUI::MessageResult ShowNotice(const QString& text,
                                         BASEUI::MessageButtons buttons = BASEUI::MessageButtons::Ok) {
     return BASEUI::ShowMessageBox(text.toStdWString(), QApplication::activeWindow(), buttons);
 }
+
+/// Asks before something that cannot be undone; see `BASEUI::AskBeforeLoss`.
+inline BASEUI::MessageResult AskBeforeLoss(const QString& text, const QString& details,
+                                           const QString& nameToType = {}) {
+    return BASEUI::AskBeforeLoss(text.toStdWString(), details.toStdWString(), QApplication::activeWindow(),
+                                 nameToType.toStdWString());
+}

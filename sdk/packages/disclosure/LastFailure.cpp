@@ -3,19 +3,28 @@
 namespace DISCLOSUREPACKAGE {
 namespace {
 
-std::wstring& Reason() {
-    static std::wstring reason;
-    return reason;
+struct Failure {
+    std::wstring reason;
+    bool isShown = false;
+};
+
+Failure& Last() {
+    static Failure failure;
+    return failure;
 }
 
 }  // namespace
 
 std::wstring LastFailure() {
-    return Reason();
+    return Last().reason;
 }
 
-void SetLastFailure(const std::wstring& reason) {
-    Reason() = reason;
+bool IsLastFailureShown() {
+    return Last().isShown;
+}
+
+void SetLastFailure(const std::wstring& reason, bool isShown) {
+    Last() = {reason, isShown};
 }
 
 }  // namespace DISCLOSUREPACKAGE

@@ -7,7 +7,7 @@ RowLayout {
     id: control
 
     property int itemsPerPage: 10
-    property int totalCount: 0
+    property int totalCount: 0  // below 0 while it is not known
     property int currentPage: 1
     property int totalPage: 1
     property var itemsPerPageModel: [10, 20, 30]
@@ -19,7 +19,10 @@ RowLayout {
 
     spacing: 6
 
-    UxText { text: qsTr("共计") + control.totalCount + qsTr("条数据") }
+    UxText {
+        visible: control.totalCount >= 0
+        text: qsTr("共计") + control.totalCount + qsTr("条数据")
+    }
     UxComboBox {
         objectName: "pageSizes"
         Layout.preferredWidth: 60

@@ -47,6 +47,9 @@ QtObject {
     readonly property color menuHighlight: "#d6e5fc"
     readonly property int menuItemHeight: 28
 
+    readonly property color notice: "#fff4e0"
+    readonly property color noticeBorder: "#e0b060"
+
     readonly property color toolTipBorder: "#66000000"
     readonly property int toolTipHeight: 27
     readonly property int toolTipLineHeight: 22

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 
+#include "commands/DisclosureManage/ui/CallReport.h"
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
 #include "commands/DisclosureManage/ui/Notice.h"
 #include "commands/DisclosureManage/ui/task/SelectOwnerWnd.h"
@@ -264,7 +265,8 @@ bool CAddTaskViewModel::store() {
     giveIds();
     m_task.deptId = manager->GetCurDeptId();
     m_task.isPublish = m_isRelease ? 1 : 0;
-    if (!(m_isNew ? manager->SaveTask(m_task) : manager->UpdateTask(m_task)))
+    const auto call = [&] { return m_isNew ? manager->SaveTask(m_task) : manager->UpdateTask(m_task); };
+    if (!Commanded(m_isRelease ? tr("发布") : tr("保存"), call))
         return false;
     const QString title = !m_isNew ? tr("修改交底") : m_isRelease ? tr("发布交底") : tr("新建交底");
     const QString path = !m_isNew      ? tr("技术→交底管理→修改")

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <optional>
 
+#include <QScopedValueRollback>
+
+#include "commands/DisclosureManage/ui/CallReport.h"
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
 #include "commands/DisclosureManage/ui/Processing.h"
 #include "commands/DisclosureManage/ui/Rights.h"
@@ -56,9 +59,16 @@ CCatalogEditor::CCatalogEditor(CatalogTreeModel& model, QWidget* messageOwner)
 
 bool CCatalogEditor::load(bool firstLoad) {
     IDisclosureManageMgr* manager = FindDisclosureManager();
-    std::vector<CatalogRecord> catalogs;
-    if (!manager || !ReadCatalogs(*manager, catalogs, firstLoad))
+    if (!manager)
         return false;
+    std::vector<CatalogRecord> catalogs;
+    m_model.reading()->begin(m_model.rowCount() == 0);
+    DISCLOSUREPACKAGE::SetLastFailure({});
+    if (!ReadCatalogs(*manager, catalogs, firstLoad)) {
+        m_model.reading()->fail(FailureReason(), m_model.rowCount() == 0);
+        return false;
+    }
+    m_model.reading()->succeed();
     m_model.setEditAuth(HoldsRight(BASETOOLS::CAuthCodeTool::kEditTasks));
     m_model.setCatalogs(catalogs);
     return true;
@@ -85,6 +95,7 @@ QString CCatalogEditor::nextFolderName() const {
 
 void CCatalogEditor::create(const QString& name) {
     m_model.setDuplicateStatus(false);
+    m_model.setFailure({});
     IDisclosureManageMgr* manager = FindDisclosureManager();
     const QPersistentModelIndex parentIndex = m_model.currentIndex();
     if (!manager || !parentIndex.isValid())
@@ -94,8 +105,9 @@ void CCatalogEditor::create(const QString& name) {
     record.id = BASETOOLS::GenerateUUID();
     record.name = name.toStdWString();
     record.parentId = m_model.GetCurrentNode()->id().toStdWString();
+    DISCLOSUREPACKAGE::SetLastFailure({});
     if (!manager->SaveCatalog(record))
-        return;
+        return m_model.setFailure(UntoldFailure());
 
     m_model.setDuplicateStatus(true);
     auto* node =
@@ -108,6 +120,7 @@ void CCatalogEditor::create(const QString& name) {
 
 void CCatalogEditor::rename(const QString& name) {
     m_model.setDuplicateStatus(false);
+    m_model.setFailure({});
     CatalogTreeNode* node = m_model.GetCurrentNode();
     if (node)
         node->setNodeName(renameCatalog(*node, name) ? name : node->nodeName());
@@ -124,8 +137,11 @@ bool CCatalogEditor::renameCatalog(const CatalogTreeNode& node, const QString& n
     record.id = node.id().toStdWString();
     record.name = name.toStdWString();
     record.parentId = node.parentId().toStdWString();
-    if (!manager->UpdateCatalog(record))
+    DISCLOSUREPACKAGE::SetLastFailure({});
+    if (!manager->UpdateCatalog(record)) {
+        m_model.setFailure(UntoldFailure());
         return false;
+    }
     m_model.setDuplicateStatus(true);
     manager->WriteFunctionLog(L"修改交底目录", L"技术→交底管理→修改目录");
     return true;
@@ -148,22 +164,43 @@ bool CCatalogEditor::checkName(const QString& name) const {
 }
 
 void CCatalogEditor::remove() {
-    if (!m_model.GetCurrentNode())
+    const CatalogTreeNode* node = m_model.GetCurrentNode();
+    if (!node || !confirmsRemoval(*node))
         return;
-    const std::wstring question = tr("删除后，此目录下的交底任务无法恢复，是否确定删除？").toStdWString();
-    if (BASEUI::ShowMessageBox(question, m_messageOwner, BASEUI::MessageButtons::OkCancel) ==
-        BASEUI::MessageResult::Cancel)
-        return;
-    const Processing progress;
-    if (progress)
-        removeCurrent();
+    bool isDone = true;
+    {
+        const Processing progress;
+        if (progress)
+            isDone = removeCurrent();
+    }
+    if (!isDone)
+        SayFailure(tr("删除目录"));
 }
 
-void CCatalogEditor::removeCurrent() {
+bool CCatalogEditor::confirmsRemoval(const CatalogTreeNode& node) {
+    const QScopedValueRollback<bool> asking(m_isAsking, true);
+    const QString question = tr("删除后，此目录下的交底任务无法恢复，是否确定删除？");
+    int catalogs = 0;
+    for (QList<TreeNode*> pending = node.children(); !pending.isEmpty(); ++catalogs)
+        pending.append(pending.takeLast()->children());
+    QString details = tr("目录“%1”：%2个下级目录，%3个任务").arg(node.nodeName()).arg(catalogs).arg(node.total());
+    QString name;
+    if (IDisclosureManageMgr* manager = FindDisclosureManager(); manager && node.parentId().isEmpty()) {
+        // With the top goes everything that the department has.
+        name = QString::fromStdWString(manager->GetCurDeptName());
+        name = name.trimmed().isEmpty() ? node.nodeName() : name;
+        details += tr("\n将清空整个部门，请输入“%1”以确认").arg(name);
+    }
+    return BASEUI::AskBeforeLoss(question.toStdWString(), details.toStdWString(), m_messageOwner,
+                                 name.toStdWString()) != BASEUI::MessageResult::Cancel;
+}
+
+bool CCatalogEditor::removeCurrent() {
     IDisclosureManageMgr* manager = FindDisclosureManager();
     const CatalogTreeNode* node = m_model.GetCurrentNode();
+    DISCLOSUREPACKAGE::SetLastFailure({});
     if (!manager || !node || !manager->DeleteCatalog(node->id().toStdWString()))
-        return;
+        return false;
 
     const bool isTop = node->parentId().isEmpty();
     const QPersistentModelIndex removed = m_model.currentIndex();
@@ -177,6 +214,7 @@ void CCatalogEditor::removeCurrent() {
         load(false);
     else
         manager->WriteFunctionLog(L"删除交底目录", L"技术→交底管理→删除目录");
+    return true;
 }
 
 void CCatalogEditor::move(int places) {
@@ -185,6 +223,7 @@ void CCatalogEditor::move(int places) {
     if (!manager || !node)
         return;
     const QPersistentModelIndex moved = m_model.currentIndex();
-    if (manager->MoveCatalog(node->id().toStdWString(), places < 0 ? kUp : kDown))
+    const auto call = [&] { return manager->MoveCatalog(node->id().toStdWString(), places < 0 ? kUp : kDown); };
+    if (Commanded(tr("移动目录"), call))
         m_model.moveNode(moved, places);
 }

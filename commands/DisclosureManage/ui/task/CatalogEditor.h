@@ -21,8 +21,10 @@ public:
     CCatalogEditor(CatalogTreeModel& model, QWidget* messageOwner);
 
     /// Reads the catalogs; a department without any is given its first ones, on the first load with one to work in.
-    /// False, and the tree as it was, when the service does not answer or refuses.
+    /// False, and the tree as it was, when the service does not answer or refuses; the model's `reading` says so.
     bool load(bool firstLoad);
+    /// A question to the user is open.
+    bool isAsking() const { return m_isAsking; }
     /// The name proposed for a new folder, after the names beside the selected catalog.
     QString nextFolderName() const;
 
@@ -38,9 +40,11 @@ public:
 private:
     bool renameCatalog(const CatalogTreeNode& node, const QString& name);
     bool checkName(const QString& name) const;
-    void removeCurrent();
+    bool confirmsRemoval(const CatalogTreeNode& node);
+    bool removeCurrent();
     void move(int places);
 
     CatalogTreeModel& m_model;
     QPointer<QWidget> m_messageOwner;
+    bool m_isAsking = false;
 };

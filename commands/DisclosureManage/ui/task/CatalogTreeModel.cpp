@@ -1,18 +1,47 @@
 #include "commands/DisclosureManage/ui/task/CatalogTreeModel.h"
 
+#include <utility>
+
 #include <QQmlEngine>
+
+using DISCLOSUREPACKAGE::CatalogRecord;
 
 CatalogTreeModel::CatalogTreeModel(QObject* parent) : SelectionTreeModel(parent) {
     connect(this, &SelectionTreeModel::currentIndexChanged, this, &CatalogTreeModel::followSelection);
 }
 
-void CatalogTreeModel::setCatalogs(const std::vector<DISCLOSUREPACKAGE::CatalogRecord>& catalogs) {
-    if (CatalogTreeNode* top = CatalogTreeNode::createTree(catalogs))
+void CatalogTreeModel::setCatalogs(const std::vector<CatalogRecord>& catalogs) {
+    emit replacingCatalogs();
+    const CatalogTreeNode* current = GetCurrentNode();
+    const QString selected = current ? current->id() : QString();
+    m_isReplacing = true;  // the selection goes and comes back, which is nobody's choice
+    replaceTree(CatalogTreeNode::createTree(catalogs));
+    setCurrentIndex(indexOfCatalog(selected));
+    m_isReplacing = false;
+    followSelection();
+    emit defaultIndexChanged();
+    emit catalogsReplaced();
+}
+
+void CatalogTreeModel::replaceTree(CatalogTreeNode* top) {
+    if (top)
         addNode({}, top);
     else
         clear();
     m_defaultIndex = index(0, 0);
+}
+
+void CatalogTreeModel::setChoices(const std::vector<CatalogRecord>& catalogs, const QString& search) {
+    replaceTree(CatalogTreeNode::createChoices(catalogs, search));
     emit defaultIndexChanged();
+}
+
+QString CatalogTreeModel::catalogId(const QModelIndex& index) const {
+    return index.isValid() ? static_cast<const CatalogTreeNode*>(nodeOf(index))->id() : QString();
+}
+
+QModelIndex CatalogTreeModel::indexOfCatalog(const QString& id) const {
+    return id.isEmpty() ? QModelIndex() : indexOf(findCatalog(id));
 }
 
 CatalogTreeNode* CatalogTreeModel::GetCurrentNode() const {
@@ -57,10 +86,31 @@ void CatalogTreeModel::setDelBtnEnable(bool granted) {
     emit DelBtnEnableChanged(granted);
 }
 
+void CatalogTreeModel::setFailure(const QString& why) {
+    m_failure = why;
+    emit failureChanged();
+}
+
 void CatalogTreeModel::followSelection() {
+    if (m_isReplacing)
+        return;
     setNewBuildEnable(currentIndex().isValid() && m_nodeOperEnable);
+    tellCatalog();
+}
+
+void CatalogTreeModel::tellCatalog() {
     const CatalogTreeNode* node = GetCurrentNode();
-    emit currentCatalogChanged(node ? node->id() : QString());
+    const QString id = node ? node->id() : QString();
+    if (std::exchange(m_toldCatalog, id) != id)
+        emit currentCatalogChanged(id);
+}
+
+QString CatalogTreeModel::pathOf(const QString& id) const {
+    QStringList names;
+    const TreeNode* node = findCatalog(id);
+    for (; node && !node->isTopLevel(); node = node->parentNode())
+        names.prepend(static_cast<const CatalogTreeNode*>(node)->nodeName());
+    return names.join(tr(" / "));
 }
 
 void CatalogTreeModel::updateCatalogTaskCount(int nCount, const QString& sCatalogID) {

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "commands/DisclosureManage/ui/ReadState.h"
 #include "commands/DisclosureManage/ui/task/CatalogTreeNode.h"
 #include "ui/common/SelectionTreeModel.h"
 
@@ -12,17 +13,27 @@ class CatalogTreeModel : public SelectionTreeModel {
     Q_PROPERTY(QModelIndex defaultIndex READ defaultIndex NOTIFY defaultIndexChanged)
     Q_PROPERTY(bool nodeOperEnable READ nodeOperEnable NOTIFY nodeOperEnableChanged)
     Q_PROPERTY(bool newBuildEnable READ newBuildEnable NOTIFY newBuildEnableChanged)
+    Q_PROPERTY(ReadState* reading READ reading CONSTANT)
+    Q_PROPERTY(QString failure READ failure NOTIFY failureChanged)
 
 public:
     explicit CatalogTreeModel(QObject* parent = nullptr);
 
-    /// Replaces the tree; the top catalog becomes the default.
+    /// Replaces the tree by that of `catalogs`. The top catalog becomes the default; what was selected is so again
+    /// where it still stands.
     void setCatalogs(const std::vector<DISCLOSUREPACKAGE::CatalogRecord>& catalogs);
+    /// The same without what the top does not reach, and only the catalogs whose names contain `search`, whatever its
+    /// case, with those on the way to them. Nothing is selected.
+    void setChoices(const std::vector<DISCLOSUREPACKAGE::CatalogRecord>& catalogs, const QString& search);
 
     /// The selected catalog; null without one. Owned by the model. QML can call it once the node's type is registered.
     Q_INVOKABLE CatalogTreeNode* GetCurrentNode() const;
     /// Null when there is none of that id.
     CatalogTreeNode* findCatalog(const QString& id) const;
+    /// Empty for an invalid index.
+    Q_INVOKABLE QString catalogId(const QModelIndex& index) const;
+    /// Invalid when there is none of that id.
+    Q_INVOKABLE QModelIndex indexOfCatalog(const QString& id) const;
     /// Opens the catalog and everything above it.
     void expandTo(const QModelIndex& catalog);
     /// The catalog that is selected when the tree is first shown.
@@ -43,6 +54,12 @@ public:
     /// The user's right to delete the tasks of others.
     bool delBtnEnable() const { return m_delBtnEnable; }
     void setDelBtnEnable(bool granted);
+    ReadState* reading() { return &m_reading; }
+    /// Why the last create or rename failed, where nobody else has told the user; empty otherwise.
+    const QString& failure() const { return m_failure; }
+    void setFailure(const QString& why);
+    /// The names from below the top catalog down to this one; empty for the top and where it is not known.
+    QString pathOf(const QString& id) const;
 
 public slots:
     /// `nCount` tasks came to (or, below zero, left) the catalog; an empty id means the selected one.
@@ -57,11 +74,21 @@ signals:
     void editAuthChanged(bool granted);
     void DelBtnEnableChanged(bool granted);
     void newBuildEnableChanged();
+    void failureChanged();
+    /// Another tree of the same catalogs is about to take this one's place; `catalogsReplaced` follows.
+    void replacingCatalogs();
+    void catalogsReplaced();
 
 private:
     void followSelection();
+    void tellCatalog();
+    void replaceTree(CatalogTreeNode* top);
 
     QPersistentModelIndex m_defaultIndex;
+    QString m_toldCatalog;  // by currentCatalogChanged
+    bool m_isReplacing = false;
+    ReadState m_reading;
+    QString m_failure;
     bool m_duplicateStatus = false;
     bool m_editAuth = false;
     bool m_nodeOperEnable = false;

@@ -17,6 +17,22 @@ int CountOf(const CatalogRecord& catalog) {
     return std::max(0, catalog.taskNumber);
 }
 
+/// Leaves the places that are found and those above them, with their totals.
+template <class IsFound>
+void KeepFound(std::vector<FlatTreePlace>& places, std::vector<qint64>& totals, IsFound isFound) {
+    const std::vector<char> kept = FoundPlaces(places, isFound);
+    std::vector<int> newPlaces(places.size(), -1);
+    size_t count = 0;
+    for (size_t i = 0; i < places.size(); ++i) {
+        if (!kept[i])
+            continue;
+        newPlaces[i] = static_cast<int>(count);
+        places[count] = {places[i].record, places[i].parent < 0 ? -1 : newPlaces[places[i].parent]};
+        totals[count++] = totals[i];
+    }
+    places.resize(count);
+}
+
 }  // namespace
 
 CatalogTreeNode::CatalogTreeNode(const QString& name, const QString& id, const QString& parentId)
@@ -36,9 +52,18 @@ CatalogTreeNode::~CatalogTreeNode() {
 }
 
 CatalogTreeNode* CatalogTreeNode::createTree(const std::vector<CatalogRecord>& catalogs) {
+    return createTree(catalogs, Strays::UnderRoot, {});
+}
+
+CatalogTreeNode* CatalogTreeNode::createChoices(const std::vector<CatalogRecord>& catalogs, const QString& search) {
+    return createTree(catalogs, Strays::Skip, search.trimmed());
+}
+
+CatalogTreeNode* CatalogTreeNode::createTree(const std::vector<CatalogRecord>& catalogs, Strays strays,
+                                             const QString& search) {
     const auto idOf = [](const CatalogRecord& catalog) { return std::wstring_view(catalog.id); };
     const auto parentOf = [](const CatalogRecord& catalog) { return std::wstring_view(catalog.parentId); };
-    const std::vector<FlatTreePlace> places = FlatTreeOrder(catalogs, idOf, parentOf, Strays::UnderRoot);
+    std::vector<FlatTreePlace> places = FlatTreeOrder(catalogs, idOf, parentOf, strays);
 
     // From the last to the first, since parents stand before their children.
     std::vector<qint64> totals(places.size());
@@ -47,6 +72,10 @@ CatalogTreeNode* CatalogTreeNode::createTree(const std::vector<CatalogRecord>& c
         if (i > 0)
             totals[places[i].parent] += totals[i];
     }
+    if (!search.isEmpty())
+        KeepFound(places, totals, [&](const FlatTreePlace& place) {
+            return FromWide(catalogs[place.record].name).contains(search, Qt::CaseInsensitive);
+        });
     auto total = totals.cbegin();
     return CreateFlatTree<CatalogTreeNode>(places, [&](int record, CatalogTreeNode* parentCatalog) {
         return new CatalogTreeNode(catalogs[record], parentCatalog, *total++);

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include "sdk/packages/disclosure/Records.h"
+#include "ui/common/FlatTree.h"
 #include "ui/common/TreeNode.h"
 
 /// A catalog in the tree. Keeps the sum of the tasks in it and below it, so that showing it costs nothing. Everything
@@ -24,6 +25,11 @@ public:
     /// it, so that none is out of the user's reach. Null without such a catalog. The caller owns it.
     static CatalogTreeNode* createTree(const std::vector<DISCLOSUREPACKAGE::CatalogRecord>& catalogs);
 
+    /// The catalogs to choose one of: without what the top does not reach, and only those whose names contain `search`,
+    /// whatever its case, with those above them. Their numbers count what is left out, too. Null when there is none.
+    static CatalogTreeNode* createChoices(const std::vector<DISCLOSUREPACKAGE::CatalogRecord>& catalogs,
+                                          const QString& search);
+
     QString nodeName() const { return m_nodeName; }
     /// Tells QML to read the name again, also when it is the same.
     void setNodeName(const QString& name);
@@ -36,6 +42,8 @@ public:
     QString nodeDisName() const;
     /// Tasks directly in the catalog.
     int ownCount() const { return m_ownCount; }
+    /// Tasks in the catalog and below it.
+    qint64 total() const { return m_total; }
     /// Ignored when less than no task would be left.
     void changeOwnCount(int change);
 
@@ -49,6 +57,8 @@ protected:
     void childRemoved(TreeNode* node) override;
 
 private:
+    static CatalogTreeNode* createTree(const std::vector<DISCLOSUREPACKAGE::CatalogRecord>& catalogs, Strays strays,
+                                       const QString& search);
     CatalogTreeNode(const DISCLOSUREPACKAGE::CatalogRecord& catalog, CatalogTreeNode* parentCatalog, qint64 total);
     void changeTotal(qint64 change);
 

@@ -4,6 +4,7 @@
 #include <QQmlContext>
 #include <QQuickView>
 
+#include "commands/DisclosureManage/ui/CallReport.h"
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
 #include "commands/DisclosureManage/ui/Rights.h"
 #include "commands/DisclosureManage/ui/task/CatalogTreeModel.h"
@@ -11,28 +12,65 @@
 #include "sdk/basetools/AuthCodeTool.h"
 #include "sdk/packages/disclosure/IDisclosureManageMgr.h"
 
-int CCatalogTreeWnd::choose(QString& targetId) {
+namespace {
+
+constexpr std::size_t kMostOpen = 200;  // catalogs that are all open
+
+}  // namespace
+
+int CCatalogTreeWnd::choose(QString& targetId, const QString& what) {
     targetId.clear();
-    auto* manager = FindDisclosureManager();
-    if (!manager)
+    if (!FindDisclosureManager())
         return -1;
-    std::vector<DISCLOSUREPACKAGE::CatalogRecord> catalogs;
-    if (!manager->ListCatalogs(catalogs, {}) || catalogs.empty())
-        return 0;
-    CCatalogTreeWnd wnd(BASECORE::FRAME::GetMainBaseCore()->GetMainWindow(), catalogs);
-    wnd.frame().run();
+    CCatalogTreeWnd wnd(BASECORE::FRAME::GetMainBaseCore()->GetMainWindow(), what);
+    wnd.read();
+    if (!wnd.m_catalogs.empty() || !UntoldFailure().isEmpty())
+        wnd.frame().run();
     targetId = wnd.m_targetId;
     return 0;
 }
 
-CCatalogTreeWnd::CCatalogTreeWnd(QWidget* parent, const std::vector<DISCLOSUREPACKAGE::CatalogRecord>& catalogs)
+CCatalogTreeWnd::CCatalogTreeWnd(QWidget* parent, const QString& what)
     : CBaseWnd(parent), m_model(new CatalogTreeModel(frame().view())) {
     frame().dialog()->setMinimumSize(250, 450);
     m_model->setNodeOperEnable(HoldsRight(BASETOOLS::CAuthCodeTool::kEditCatalogs));
-    m_model->setCatalogs(catalogs);
+    connect(&m_service, &ServiceState::back, this, [this] {
+        if (m_model->reading()->isFailed())
+            read();
+    });
     frame().view()->rootContext()->setContextProperty(QStringLiteral("theModel"), m_model);
+    frame().view()->rootContext()->setContextProperty(QStringLiteral("theWnd"), this);
+    frame().view()->rootContext()->setContextProperty(QStringLiteral("movedTasks"), what);
     frame().load(QUrl(QStringLiteral("qrc:/commands/DisclosureManage/ui/task/qml/CatalogTreeWnd.qml")));
     CCatalogTreeWnd::connectRootObject();
+}
+
+void CCatalogTreeWnd::read() {
+    auto* manager = FindDisclosureManager();
+    if (!manager)
+        return;
+    m_model->reading()->begin(true);
+    DISCLOSUREPACKAGE::SetLastFailure({});
+    std::vector<DISCLOSUREPACKAGE::CatalogRecord> catalogs;
+    if (!manager->ListCatalogs(catalogs, {}))
+        return m_model->reading()->fail(FailureReason(), true);
+    m_catalogs = std::move(catalogs);
+    setSearchText(m_search);
+}
+
+void CCatalogTreeWnd::setSearchText(const QString& text) {
+    m_search = text;
+    if (m_model->reading()->isFailed())
+        return;
+    m_model->setChoices(m_catalogs, text);
+    if (m_model->rowCount() > 0)
+        m_model->reading()->succeed();
+    else
+        m_model->reading()->findNone(tr("没有找到“%1”").arg(text.trimmed()), true);
+}
+
+bool CCatalogTreeWnd::opensAll() const {
+    return m_catalogs.size() <= kMostOpen || !m_search.isEmpty();
 }
 
 void CCatalogTreeWnd::connectRootObject() {

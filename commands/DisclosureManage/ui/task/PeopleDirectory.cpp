@@ -17,18 +17,19 @@ const QChar kSeparator = QChar(0x1f);  // nobody's name holds it
 
 }  // namespace
 
-PeopleDirectory::PeopleDirectory(const QStringList& leftOut) {
+bool PeopleDirectory::read() {
     auto* manager = FindDisclosureManager();
     const auto* organisation = LookupManager<BASEPACKAGE::IOrgDeptMgr>(BASECORE::NAMES::kDepartments);
     if (!manager || !organisation)
-        return;
+        return false;
     const std::wstring deptId = manager->GetCurDeptId();
     std::vector<BASEPACKAGE::DeptRecord> departments;
     std::vector<UserRecord> people;
     if (!organisation->GetDepartments(departments, deptId) || !organisation->GetUsers(people, deptId))
-        return;
+        return false;
 
     m_names = PeopleNames(people);
+    m_entries.clear();
     m_entries.reserve(departments.size() + people.size());
     for (const auto& department : departments) {
         const bool isTop = m_entries.empty();  // its parent, if it has one, is none of ours
@@ -40,7 +41,7 @@ PeopleDirectory::PeopleDirectory(const QStringList& leftOut) {
                              false});
     }
     // Separators at both ends keep a login name from being found inside a longer one.
-    const QString leftOutText = kSeparator + leftOut.join(kSeparator) + kSeparator;
+    const QString leftOutText = kSeparator + m_leftOut.join(kSeparator) + kSeparator;
     for (const UserRecord& person : people) {
         const QString login = FromWide(person.userName);
         if (login.isEmpty() || leftOutText.contains(kSeparator + login + kSeparator))
@@ -52,17 +53,13 @@ PeopleDirectory::PeopleDirectory(const QStringList& leftOut) {
     m_places = FlatTreeOrder(
         m_entries, [](const Entry& entry) -> std::wstring_view { return entry.id; },
         [](const Entry& entry) -> std::wstring_view { return entry.parentId; }, Strays::UnderRoot);
+    return true;
 }
 
 std::vector<char> PeopleDirectory::placesFor(const QString& search) const {
     const QString wanted = search.trimmed().toCaseFolded();
-    std::vector<char> shown(m_places.size(), 0);
-    for (std::size_t i = m_places.size(); i-- > 0;) {  // parents come first, so that going back passes each on
-        const Entry& entry = m_entries[static_cast<std::size_t>(m_places[i].record)];
-        if (entry.isPerson && entry.searched.contains(wanted))
-            shown[i] = 1;
-        if (shown[i] && m_places[i].parent >= 0)
-            shown[static_cast<std::size_t>(m_places[i].parent)] = 1;
-    }
-    return shown;
+    return FoundPlaces(m_places, [&](const FlatTreePlace& place) {
+        const Entry& entry = m_entries[static_cast<std::size_t>(place.record)];
+        return entry.isPerson && entry.searched.contains(wanted);
+    });
 }

@@ -12,9 +12,11 @@
 /// without anybody to show are left out, and somebody listed twice counts once.
 class PeopleDirectory {
 public:
-    /// Reads the organisation without the people whose login names are in `leftOut`. Empty where a manager is missing
-    /// or the organisation cannot be read.
-    explicit PeopleDirectory(const QStringList& leftOut = {});
+    /// Empty; the people whose login names are in `leftOut` will not be shown.
+    explicit PeopleDirectory(const QStringList& leftOut = {}) : m_leftOut(leftOut) {}
+
+    /// Reads the organisation. False, and nothing changed, where a manager is missing or it cannot be read.
+    bool read();
 
     /// Of everybody, those left out too.
     const PeopleNames& names() const { return m_names; }
@@ -47,6 +49,7 @@ private:
 
     std::vector<char> placesFor(const QString& search) const;
 
+    QStringList m_leftOut;
     PeopleNames m_names;
     std::vector<Entry> m_entries;
     std::vector<FlatTreePlace> m_places;

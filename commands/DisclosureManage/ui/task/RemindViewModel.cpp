@@ -1,5 +1,6 @@
 #include "commands/DisclosureManage/ui/task/RemindViewModel.h"
 
+#include "commands/DisclosureManage/ui/CallReport.h"
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
 #include "commands/DisclosureManage/ui/Notice.h"
 #include "sdk/basetools/Uuid.h"
@@ -21,7 +22,8 @@ bool sameSettings(const PushConfig& a, const PushConfig& b) {
 CRemindViewModel::CRemindViewModel(QObject* parent) : QObject(parent) {
     IDisclosureManageMgr* manager = FindDisclosureManager();
     PushConfig config;
-    if (manager && manager->QueryPushConfig(manager->GetCurDeptId(), config) && !config.id.empty())
+    const auto call = [&] { return manager->QueryPushConfig(manager->GetCurDeptId(), config); };
+    if (manager && Commanded(tr("读取提醒设置"), call) && !config.id.empty())
         show(config);
     m_shown = settings();
 }
@@ -59,9 +61,10 @@ void CRemindViewModel::onClickOk() {
     config.deptId = manager->GetCurDeptId();
     if (m_id.empty()) {
         config.id = BASETOOLS::GenerateUUID();
-        if (!manager->SavePushConfig(config))
+        if (!Commanded(tr("保存"), [&] { return manager->SavePushConfig(config); }))
             return;
-    } else if (!sameSettings(config, m_shown) && !manager->UpdatePushConfig(config)) {
+    } else if (!sameSettings(config, m_shown) &&
+               !Commanded(tr("保存"), [&] { return manager->UpdatePushConfig(config); })) {
         return;
     }
     m_id = config.id;  // a second click before the dialog is closed finds nothing to save

@@ -20,10 +20,15 @@ bool CSelectOwnerWnd::choose(BASEPACKAGE::UserRecord& person, const QStringList&
 }
 
 CSelectOwnerWnd::CSelectOwnerWnd(QWidget* parent, const BASEPACKAGE::UserRecord& person, const QStringList& leftOut)
-    : CBaseWnd(parent), m_people(leftOut), m_model(new NameTreeModel(frame().view())) {
+    : CBaseWnd(parent),
+      m_people(leftOut),
+      m_model(new NameTreeModel(frame().view())),
+      m_reading(m_people, [this, login = QString::fromStdWString(person.userName)] {
+          setSearchText(m_search);
+          selectPerson(login);
+      }) {
     frame().dialog()->setMinimumSize(250, 450);
-    setSearchText({});
-    selectPerson(QString::fromStdWString(person.userName));
+    frame().view()->rootContext()->setContextProperty(QStringLiteral("theReading"), &m_reading);
     frame().view()->rootContext()->setContextProperty(QStringLiteral("theSelectOwnerWnd"), this);
     frame().load(QUrl(QStringLiteral("qrc:/commands/DisclosureManage/ui/task/qml/SelectOwnerWnd.qml")));
     connectRootObject();
@@ -38,10 +43,13 @@ bool CSelectOwnerWnd::isDepNode(const QModelIndex& tIndex) const {
 }
 
 void CSelectOwnerWnd::setSearchText(const QString& sText) {
-    if (NameTreeNode* top = m_people.createTree<NameTreeNode>(sText))
+    m_search = sText;
+    NameTreeNode* top = m_people.createTree<NameTreeNode>(sText);
+    if (top)
         m_model->addNode({}, top);
     else
         m_model->clear();
+    m_reading.found(top, sText);
     emit ownerDataChanged();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "commands/DisclosureManage/ui/task/PeopleDirectory.h"
+#include "commands/DisclosureManage/ui/task/PeopleReading.h"
 #include "ui/common/BaseWnd.h"
 #include "ui/common/TreeModel.h"
 
@@ -33,6 +33,8 @@ private:
 
     PeopleDirectory m_people;
     NameTreeModel* m_model;
+    QString m_search;
     BASEPACKAGE::UserRecord m_person;
+    PeopleReading m_reading;
     bool m_isChosen = false;
 };

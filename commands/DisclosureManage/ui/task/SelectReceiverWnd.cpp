@@ -36,10 +36,17 @@ bool CSelectReceiverWnd::choose(People& people, const QStringList& leftOut) {
 }
 
 CSelectReceiverWnd::CSelectReceiverWnd(QWidget* parent, const People& people, const QStringList& leftOut)
-    : CBaseWnd(parent), m_people(leftOut), m_model(new NameCheckBoxTreeModel(frame().view())), m_chosen(people) {
+    : CBaseWnd(parent),
+      m_people(leftOut),
+      m_model(new NameCheckBoxTreeModel(frame().view())),
+      m_chosen(people),
+      m_reading(m_people, [this] {
+          setSearchText(m_search);
+          noticeChoice();
+      }) {
     m_names = m_people.names().shown(m_chosen);
     frame().dialog()->setMinimumSize(250, 450);
-    setSearchText({});
+    frame().view()->rootContext()->setContextProperty(QStringLiteral("theReading"), &m_reading);
     frame().view()->rootContext()->setContextProperty(QStringLiteral("theSelectReceiverWnd"), this);
     frame().load(QUrl(QStringLiteral("qrc:/commands/DisclosureManage/ui/task/qml/SelectReceiverWnd.qml")));
     connectRootObject();
@@ -62,10 +69,13 @@ QVector<NameCheckBoxTreeNode*> CSelectReceiverWnd::nodesBelow(TreeNode* top) con
 }
 
 void CSelectReceiverWnd::setSearchText(const QString& sText) {
-    if (auto* top = m_people.createTree<NameCheckBoxTreeNode>(sText))
+    m_search = sText;
+    auto* top = m_people.createTree<NameCheckBoxTreeNode>(sText);
+    if (top)
         m_model->addNode({}, top);
     else
         m_model->clear();
+    m_reading.found(top, sText);
     showChoice();
     m_levels = 0;
     for (const NameCheckBoxTreeNode* node : nodesBelow(m_model->nodeOf({})))

@@ -2,7 +2,7 @@
 
 #include <QVector>
 
-#include "commands/DisclosureManage/ui/task/PeopleDirectory.h"
+#include "commands/DisclosureManage/ui/task/PeopleReading.h"
 #include "ui/common/BaseWnd.h"
 #include "ui/common/TreeModel.h"
 
@@ -61,4 +61,6 @@ private:
     int m_level = 0;      // rows less deep than this are open
     int m_levels = 0;
     bool m_isAccepted = false;
+    QString m_search;
+    PeopleReading m_reading;
 };

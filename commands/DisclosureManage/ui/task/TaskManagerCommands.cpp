@@ -2,6 +2,7 @@
 
 #include <QHash>
 
+#include "commands/DisclosureManage/ui/CallReport.h"
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
 #include "commands/DisclosureManage/ui/Notice.h"
 #include "commands/DisclosureManage/ui/Processing.h"
@@ -55,6 +56,22 @@ QVector<TaskModel*> TaskManagerViewModel::rows(const QVariantList& cData) const 
     return tasks;
 }
 
+QVector<TaskManagerViewModel::Picked> TaskManagerViewModel::picked(const QVariantList& cData) const {
+    QVector<Picked> tasks;
+    for (const TaskModel* task : rows(cData))
+        tasks.append({task->id(), task->catalogid(), task->name()});
+    for (const Picked& task : m_checkedElsewhere)
+        tasks.append(task);
+    return tasks;
+}
+
+QString TaskManagerViewModel::amountOf(const QVector<Picked>& tasks) const {
+    const QString amount =
+        tasks.size() == 1 ? tr("任务“%1”").arg(tasks.first().name) : tr("共%1个任务").arg(tasks.size());
+    return m_checkedElsewhere.isEmpty() ? amount
+                                        : tr("%1，其中%2个在其他页").arg(amount).arg(m_checkedElsewhere.size());
+}
+
 void TaskManagerViewModel::AddTask() {
     const Hold hold(*this);
     if (m_catalogId.isEmpty() || !FindDisclosureManager())
@@ -66,6 +83,7 @@ void TaskManagerViewModel::AddTask() {
     setCurrentPage(1);  // the latest change comes first
     RefreshCurrentTaskInfo(true);
     emit taskCountChange(1, QString());
+    emit done(tr("新任务已保存"));
 }
 
 void TaskManagerViewModel::ModifyTask(TaskModel* pTask) {
@@ -74,9 +92,15 @@ void TaskManagerViewModel::ModifyTask(TaskModel* pTask) {
         return;
     // The row may be old, and what is typed into an old version of a task cannot be saved.
     TaskRecord task;
-    if (FindDisclosureManager()->QueryTaskById(pTask->id().toStdWString(), task) && editable(task.isPublish != 0))
-        CAddTaskWnd::edit(task);
-    RefreshCurrentTaskInfo(true);
+    if (!Commanded(tr("打开任务"),
+                   [&] { return FindDisclosureManager()->QueryTaskById(pTask->id().toStdWString(), task); }))
+        return;
+    pTask->assign(task, m_names);
+    m_staleRows.insert(pTask->id());
+    if (!editable(task.isPublish != 0) || !CAddTaskWnd::edit(task))
+        return;
+    rereadRow(pTask);
+    emit done((pTask->released() ? tr("任务“%1”已发布") : tr("任务“%1”已保存")).arg(pTask->name()));
 }
 
 void TaskManagerViewModel::onClickRemind() {
@@ -128,22 +152,24 @@ void TaskManagerViewModel::onEditTaskName(TaskModel* task) {
 
 void TaskManagerViewModel::OnDelTasks(const QVariantList& cData) {
     const Hold hold(*this);
-    const QVector<TaskModel*> tasks = rows(cData);
+    const QVector<Picked> tasks = picked(cData);
     IDisclosureManageMgr* manager = FindDisclosureManager();
     if (tasks.isEmpty() || !manager)
         return;
-    if (ShowNotice(tr("是否删除？删除后，不能恢复数据。"), BASEUI::MessageButtons::OkCancel) !=
-        BASEUI::MessageResult::Ok)
+    if (AskBeforeLoss(tr("是否删除？删除后，不能恢复数据。"), amountOf(tasks)) != BASEUI::MessageResult::Ok)
         return;
 
     std::vector<std::wstring> ids;
+    QSet<QString> deleted;
     CountChanges changes;
-    for (const TaskModel* task : tasks) {
-        ids.push_back(task->id().toStdWString());
-        --changes[task->catalogid()];
+    for (const Picked& task : tasks) {
+        ids.push_back(task.id.toStdWString());
+        deleted.insert(task.id);
+        --changes[task.catalogId];
     }
-    if (!manager->BatchDeleteTasks(ids))
+    if (!Commanded(tr("删除"), [&] { return manager->BatchDeleteTasks(ids); }))
         return;
+    uncheck(deleted);
     RefreshCurrentTaskInfo(true);
     manager->WriteFunctionLog(tr("删除交底").toStdWString(), tr("技术→交底管理→删除").toStdWString());
     for (const auto& [catalogId, count] : changes)
@@ -152,10 +178,11 @@ void TaskManagerViewModel::OnDelTasks(const QVariantList& cData) {
 
 void TaskManagerViewModel::OnMoveTasks(const QVariantList& cData) {
     const Hold hold(*this);
-    if (rows(cData).isEmpty() || !FindDisclosureManager())
+    const QVector<Picked> tasks = picked(cData);
+    if (tasks.isEmpty() || !FindDisclosureManager())
         return;
     QString target;
-    CCatalogTreeWnd::choose(target);
+    CCatalogTreeWnd::choose(target, amountOf(tasks));
     if (!target.isEmpty() && target != m_catalogId)
         moveTasksTo(target, cData);
 }
@@ -165,28 +192,46 @@ void TaskManagerViewModel::moveTasksTo(const QString& catalogId, const QVariantL
     if (!manager)
         return;
     const Hold hold(*this);
-    const Processing progress;
     CountChanges changes;
-    for (const TaskModel* task : rows(cData)) {
-        if (task->catalogid() == catalogId)
-            continue;
-        if (!manager->MoveTaskToCatalog(task->id().toStdWString(), catalogId.toStdWString()))
-            break;
-        --changes[task->catalogid()];
-        ++changes[catalogId];
+    QSet<QString> moved;
+    bool isBroken = false;
+    {
+        const Processing progress;
+        for (const Picked& task : picked(cData)) {
+            if (task.catalogId == catalogId)
+                continue;
+            DISCLOSUREPACKAGE::SetLastFailure({});
+            isBroken = !manager->MoveTaskToCatalog(task.id.toStdWString(), catalogId.toStdWString());
+            if (isBroken)
+                break;
+            moved.insert(task.id);
+            --changes[task.catalogId];
+            ++changes[catalogId];
+        }
     }
-    if (changes.empty())
+    if (isBroken)
+        SayFailure(tr("移动"));
+    if (moved.isEmpty())
         return;
+    uncheck(moved);
     RefreshCurrentTaskInfo(true);
     for (const auto& [changedId, count] : changes)
         emit taskCountChange(count, changedId);
+    emit done(tr("已移动%1个任务").arg(moved.size()));
 }
 
 bool TaskManagerViewModel::find(IDisclosureManageMgr& manager, const TaskModel& row, TaskRecord& task) const {
     const std::wstring id = row.id().toStdWString();
     // As long as a refresh is due, somebody else may have changed what the page was made from.
-    const bool isPageOld = m_timer.isActive() || m_refreshHeld;
+    const bool isPageOld = m_timer.isActive() || m_refreshHeld || m_staleRows.contains(row.id());
     return (!isPageOld && manager.FindCachedTask(id, task)) || manager.QueryTaskById(id, task);
+}
+
+void TaskManagerViewModel::rereadRow(TaskModel* task) {
+    m_staleRows.insert(task->id());
+    TaskRecord record;
+    if (FindDisclosureManager()->QueryTaskById(task->id().toStdWString(), record))
+        task->assign(record, m_names);
 }
 
 bool TaskManagerViewModel::updateTask(TaskModel* task, const std::function<bool(TaskRecord&)>& change) {
@@ -194,14 +239,18 @@ bool TaskManagerViewModel::updateTask(TaskModel* task, const std::function<bool(
         return false;
     IDisclosureManageMgr* manager = FindDisclosureManager();
     TaskRecord record;
-    if (!find(*manager, *task, record) || !change(record))
+    if (!Commanded(tr("修改"), [&] { return find(*manager, *task, record); }) || !change(record))
         return false;
-    const bool accepted = manager->UpdateTask(record);
-    if (accepted)
+    if (Commanded(tr("修改"), [&] { return manager->UpdateTask(record); })) {
         task->assign(record, m_names);
-    // Either way the service knows more than the row: a new version of the task, or somebody else's change.
-    RefreshCurrentTaskInfo(true);
-    return accepted;
+        rereadRow(task);  // which has a new version now
+        emit done(tr("任务“%1”已保存").arg(task->name()));
+        return true;
+    }
+    m_staleRows.insert(task->id());
+    if (UntoldFailure().isEmpty())
+        RefreshCurrentTaskInfo(true);  // the service knows of somebody else's change
+    return false;
 }
 
 bool TaskManagerViewModel::onEditOwner(const QString& sNewDis, TaskModel* task) {

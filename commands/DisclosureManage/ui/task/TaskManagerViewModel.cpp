@@ -4,8 +4,8 @@
 #include <optional>
 
 #include <QHash>
-#include <QSet>
 
+#include "commands/DisclosureManage/ui/CallReport.h"
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
 #include "commands/DisclosureManage/ui/Notice.h"
 #include "commands/DisclosureManage/ui/task/DateRange.h"
@@ -41,6 +41,15 @@ bool changes(T& field, const T& value) {
 
 auto placeOf(const std::wstring& id, const std::vector<TaskRecord>& tasks) {
     return std::find_if(tasks.begin(), tasks.end(), [&](const TaskRecord& task) { return task.id == id; });
+}
+
+/// Whether one of two queries turns the pages of the other.
+bool isSameSearch(TaskQuery one, const TaskQuery& other) {
+    one.currentPage = other.currentPage;
+    one.pageSize = other.pageSize;
+    one.orderKey = other.orderKey;
+    one.orderType = other.orderType;
+    return one == other;
 }
 
 int64_t dayStart(const QString& day) {
@@ -89,7 +98,13 @@ void TaskManagerViewModel::setTotalCount(int count) {
     if (!changes(m_totalCount, count))
         return;
     emit totalCountChanged();
+    emit shownCountChanged();
     updateTotalPage();
+}
+
+void TaskManagerViewModel::setCounted(bool isCounted) {
+    if (changes(m_isCounted, isCounted))
+        emit shownCountChanged();
 }
 
 void TaskManagerViewModel::setItemsPerPage(int items) {
@@ -186,6 +201,24 @@ void TaskManagerViewModel::chooseDateRange(int choice) {
     setSearchDateLimit(chosen == DateRangeChoice::All);
 }
 
+void TaskManagerViewModel::clearFilters() {
+    setSearchText({});
+    setSearchTaskStatus(0);
+    setSearchDateLimit(true);
+    setCurrentPage(1);
+}
+
+QString TaskManagerViewModel::filterText() const {
+    QStringList filters;
+    if (!m_searchText.isEmpty())
+        filters << tr("名称含“%1”").arg(m_searchText);
+    if (m_taskStatus > 0)
+        filters << tr("状态为%1").arg(TaskModel::statusText(m_taskStatus));
+    if (!m_dateLimit)
+        filters << tr("%1至%2").arg(m_startDate, m_endDate);
+    return filters.join(tr("，"));
+}
+
 void TaskManagerViewModel::setCatalogId(const QString& id) {
     if (!changes(m_catalogId, id))
         return;
@@ -203,6 +236,7 @@ void TaskManagerViewModel::revealTask(const TaskRecord& task) {
 
 void TaskManagerViewModel::startAfresh() {
     m_wantedTask.clear();
+    setCounted(false);
     setCurrentPage(1);
     setTotalCount(0);
     setItemsPerPage(kItemsPerPage);
@@ -271,6 +305,8 @@ void TaskManagerViewModel::runQuery() {
     auto* manager = FindDisclosureManager();
     if (!manager)
         return;
+    if (m_catalogId.isEmpty())
+        return showNothing();
     const Hold hold(*this);
     TaskQuery wanted = query();
     wanted.deptId = manager->GetCurDeptId();
@@ -282,10 +318,14 @@ void TaskManagerViewModel::runQuery() {
 
     std::vector<TaskRecord> tasks;
     int32_t total = 0;
+    m_reading.begin(!m_taskModel || m_reading.covers() || m_shown.disclosureCatalogId != wanted.disclosureCatalogId);
+    DISCLOSUREPACKAGE::SetLastFailure({});
     if (!manager->PageTasks(wanted, tasks, total)) {
+        const QString why = FailureReason();
         lastQuery().reset();
         m_wantedTask = revealed;  // the next refresh looks for it again
         goBackFrom(wanted);
+        m_reading.fail(why, m_reading.covers());
         return;
     }
     if (const int pages = pagesFor(total); wanted.currentPage > pages) {
@@ -300,6 +340,13 @@ void TaskManagerViewModel::runQuery() {
     m_names = PeopleNames::ofDepartment(wanted.deptId);
     showPage(wanted, tasks, sameQuery);
     setTotalCount(total);
+    setCounted(true);
+    const QString filters = filterText();
+    if (!tasks.empty())
+        m_reading.succeed();
+    else
+        m_reading.findNone(filters.isEmpty() ? tr("此目录下没有任务") : tr("没有符合条件的任务：%1").arg(filters),
+                           !filters.isEmpty());
     if (revealed.empty())
         return;
     setCurrentPage(wanted.currentPage);
@@ -343,22 +390,59 @@ void TaskManagerViewModel::goBackFrom(const TaskQuery& failed) {
         showPage(failed, {});  // rows of another catalog would be taken for this one's
 }
 
+void TaskManagerViewModel::showNothing() {
+    lastQuery().reset();
+    if (m_taskModel)
+        showPage(query(), {});
+    m_reading.reset();
+}
+
 void TaskManagerViewModel::showPage(const TaskQuery& query, const std::vector<TaskRecord>& tasks, bool reread) {
     m_reread = reread;
+    const bool isTurned = isSameSearch(m_shown, query);
     m_shown = query;
-    QSet<QString> checked;
-    if (m_reread && m_taskModel)
+    m_staleRows.clear();
+    if (!isTurned)
+        m_checkedElsewhere.clear();
+    else if (m_taskModel)
         for (int row = 0; row < m_taskModel->task_list()->size(); ++row)
             if (const TaskModel* task = m_taskModel->task_list()->at(row); task->selected())
-                checked.insert(task->id());
+                m_checkedElsewhere.insert(task->id(), {task->id(), task->catalogid(), task->name()});
 
     auto* page = new MapTaskModel(this);
     for (const TaskRecord& record : tasks) {
         auto* task = new TaskModel(record, m_names, page);
-        task->setSelected(checked.contains(task->id()));
+        if (m_catalogPath && task->catalogid() != m_catalogId)
+            task->setCatalogPath(m_catalogPath(task->catalogid()));
+        task->setSelected(m_checkedElsewhere.remove(task->id()) > 0);
+        connect(task, &TaskModel::selectedChagned, this, &TaskManagerViewModel::checkedCountChanged);
         page->task_list()->append(task);
     }
     if (MapTaskModel* old = std::exchange(m_taskModel, page))
         old->deleteLater();
     emit taskModelChanged();
+    emit checkedCountChanged();
+}
+
+int TaskManagerViewModel::checkedCount() const {
+    int count = m_checkedElsewhere.size();
+    for (int row = 0; m_taskModel && row < m_taskModel->task_list()->size(); ++row)
+        count += m_taskModel->task_list()->at(row)->selected();
+    return count;
+}
+
+void TaskManagerViewModel::uncheckAll() {
+    m_checkedElsewhere.clear();
+    for (int row = 0; m_taskModel && row < m_taskModel->task_list()->size(); ++row)
+        m_taskModel->task_list()->at(row)->setSelected(false);
+    emit checkedCountChanged();
+}
+
+void TaskManagerViewModel::uncheck(const QSet<QString>& ids) {
+    for (const QString& id : ids)
+        m_checkedElsewhere.remove(id);
+    for (int row = 0; m_taskModel && row < m_taskModel->task_list()->size(); ++row)
+        if (TaskModel* task = m_taskModel->task_list()->at(row); ids.contains(task->id()))
+            task->setSelected(false);
+    emit checkedCountChanged();
 }

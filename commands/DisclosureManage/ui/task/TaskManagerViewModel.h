@@ -4,9 +4,12 @@
 #include <utility>
 #include <vector>
 
+#include <QMap>
+#include <QSet>
 #include <QTimer>
 #include <QVariant>
 
+#include "commands/DisclosureManage/ui/ReadState.h"
 #include "commands/DisclosureManage/ui/task/MapTaskModel.h"
 #include "commands/DisclosureManage/ui/task/PeopleNames.h"
 
@@ -16,7 +19,8 @@ class IDisclosureManageMgr;
 
 /// The task list: what is searched for, the page that was found, and the commands on its rows. Changes of the search
 /// are gathered for 50 ms and then cost one query; where it fails, the rows stay as they were, unless they are another
-/// catalog's, and so does the page number, unless it is that of another search.
+/// catalog's, and so does the page number, unless it is that of another search. Tasks stay checked while the pages of
+/// one search are turned.
 class TaskManagerViewModel : public QObject {
     Q_OBJECT
     Q_PROPERTY(MapTaskModel* task_model READ taskModel NOTIFY taskModelChanged)
@@ -38,6 +42,9 @@ class TaskManagerViewModel : public QObject {
     Q_PROPERTY(bool delBtnEnable READ delBtnEnable WRITE setDelBtnEnable NOTIFY delBtnEnableChanged)
     Q_PROPERTY(bool page_reread READ pageReread NOTIFY taskModelChanged)
     Q_PROPERTY(QStringList date_ranges READ dateRanges CONSTANT)
+    Q_PROPERTY(ReadState* reading READ reading CONSTANT)
+    Q_PROPERTY(int shown_count READ shownCount NOTIFY shownCountChanged)
+    Q_PROPERTY(int checked_count READ checkedCount NOTIFY checkedCountChanged)
 
 public:
     explicit TaskManagerViewModel(QObject* parent = nullptr);
@@ -67,6 +74,17 @@ public:
     /// The page is the answer to the same search as the one before it.
     bool pageReread() const { return m_reread; }
     static QStringList dateRanges();
+    ReadState* reading() { return &m_reading; }
+    /// `totalCount`, or -1 as long as the service has not told it.
+    int shownCount() const { return m_isCounted ? m_totalCount : -1; }
+    /// The checked tasks of all pages.
+    int checkedCount() const;
+    /// A command runs, and the rows wait for its end.
+    bool isHeld() const { return m_holds > 0; }
+
+    /// Tells the path of a catalog; the rows show it for tasks that lie deeper than in the selected catalog.
+    using CatalogPath = std::function<QString(const QString& id)>;
+    void setCatalogPath(CatalogPath path) { m_catalogPath = std::move(path); }
 
     void setTotalPage(int pages);
     void setCurrentPage(int page);
@@ -88,6 +106,10 @@ public:
     Q_INVOKABLE void sortByColumn(const QString& title, int column);
     /// Applies one of `date_ranges` to the date filter.
     Q_INVOKABLE void chooseDateRange(int choice);
+    /// Takes back the searched text, the status and the date range.
+    Q_INVOKABLE void clearFilters();
+    /// Unchecks the tasks of all pages.
+    Q_INVOKABLE void uncheckAll();
 
 public slots:
     /// Reads the page again in 50 ms; without `bforcefresh` (spelled so) only when the search has changed.
@@ -103,7 +125,7 @@ public slots:
     void firstPage();
     void lastPage();
 
-    // cData holds row numbers of the page.
+    // cData holds row numbers of the page; the checked tasks of other pages belong to it.
     void AddTask();
     void ModifyTask(TaskModel* pTask);
     void onClickRemind();
@@ -143,6 +165,12 @@ signals:
     void taskCountChange(int nCount, const QString& sCatalogID);
     /// The task to be revealed stands in this row of the page.
     void taskRevealed(int row);
+    void shownCountChanged();
+    void checkedCountChanged();
+    /// A command of the user has been carried out.
+    void done(const QString& what);
+    /// The last of the running commands has ended.
+    void released();
 
 public:
     /// Searches the task's catalog for its name and turns to the page that the task stands on; with the first page
@@ -159,8 +187,11 @@ private:
     public:
         explicit Hold(TaskManagerViewModel& list) : m_list(list) { ++m_list.m_holds; }
         ~Hold() {
-            if (--m_list.m_holds == 0 && std::exchange(m_list.m_refreshHeld, false))
+            if (--m_list.m_holds > 0)
+                return;
+            if (std::exchange(m_list.m_refreshHeld, false))
                 m_list.m_timer.start();
+            emit m_list.released();
         }
         Hold(const Hold&) = delete;
         Hold& operator=(const Hold&) = delete;
@@ -170,6 +201,13 @@ private:
     };
 
     static constexpr int kItemsPerPage = 15;  // unless the user chooses another number
+
+    /// A task that a command is to be done to.
+    struct Picked {
+        QString id;
+        QString catalogId;
+        QString name;
+    };
 
     void startAfresh();
     void setOrderType(const QString& type);
@@ -181,15 +219,31 @@ private:
                 DISCLOSUREPACKAGE::TaskQuery& query, std::vector<DISCLOSUREPACKAGE::TaskRecord>& tasks) const;
     void sayNotFound();
     void goBackFrom(const DISCLOSUREPACKAGE::TaskQuery& failed);
+    void showNothing();
+    void setCounted(bool isCounted);
+    /// What the filters are, for the user; empty without one.
+    QString filterText() const;
     void showPage(const DISCLOSUREPACKAGE::TaskQuery& query, const std::vector<DISCLOSUREPACKAGE::TaskRecord>& tasks,
                   bool reread = false);
     QVector<TaskModel*> rows(const QVariantList& cData) const;
+    /// The tasks of `rows`, then the checked ones of other pages.
+    QVector<Picked> picked(const QVariantList& cData) const;
+    /// How many they are, and how many of them are out of sight.
+    QString amountOf(const QVector<Picked>& tasks) const;
+    void uncheck(const QSet<QString>& ids);
+    /// Brings one row up to date without moving it.
+    void rereadRow(TaskModel* task);
     /// The stored task of a row.
     bool find(DISCLOSUREPACKAGE::IDisclosureManageMgr& manager, const TaskModel& row,
               DISCLOSUREPACKAGE::TaskRecord& task) const;
     bool updateTask(TaskModel* task, const std::function<bool(DISCLOSUREPACKAGE::TaskRecord&)>& change);
 
     MapTaskModel* m_taskModel = nullptr;
+    QMap<QString, Picked> m_checkedElsewhere;  // by id
+    QSet<QString> m_staleRows;                 // ids of rows that the page's records do not know any more
+    CatalogPath m_catalogPath;
+    ReadState m_reading;
+    bool m_isCounted = false;
     PeopleNames m_names;  // the department's people at the last refresh
     QTimer m_timer;
     bool m_forced = false;

@@ -34,6 +34,11 @@ QString TaskModel::shown(const QDateTime& date) {
     return date.isValid() ? text(BASETOOLS::CKpxTimeValue::ToDayText(date.toMSecsSinceEpoch())) : QString();
 }
 
+QString TaskModel::statusText(int status) {
+    const QString texts[] = {tr("待交底"), tr("已交底"), tr("交底中"), tr("已过期")};
+    return status >= 1 && status <= 4 ? texts[status - 1] : QString();
+}
+
 void TaskModel::assign(const DISCLOSUREPACKAGE::TaskRecord& record, const PeopleNames& names) {
     QStringList models;
     appendNames(models, record.disclosureTaskViewportList,
@@ -42,8 +47,6 @@ void TaskModel::assign(const DISCLOSUREPACKAGE::TaskRecord& record, const People
                 [](const auto& link) { return link.nodeName.empty() ? link.nodeId : link.nodeName; });
     QStringList files;
     appendNames(files, record.disclosureTaskDocList, [](const auto& link) { return link.name; });
-    const QString statuses[] = {tr("待交底"), tr("已交底"), tr("交底中"), tr("已过期")};
-    const bool known = record.status >= 1 && record.status <= 4;
 
     set(m_id, text(record.id), &TaskModel::idChanged);
     set(m_name, text(record.name), &TaskModel::nameChanged);
@@ -56,7 +59,7 @@ void TaskModel::assign(const DISCLOSUREPACKAGE::TaskRecord& record, const People
         &TaskModel::updatepersonChanged);
     set(m_relBIMs, joined(models), &TaskModel::relBIMsChanged);
     set(m_relFiles, joined(files), &TaskModel::relFilesChanged);
-    set(m_status, known ? statuses[record.status - 1] : QString(), &TaskModel::statusChanged);
+    set(m_status, statusText(record.status), &TaskModel::statusChanged);
     set(m_remark, text(record.remark), &TaskModel::remarkChanged);
     set(m_startdate, date(record.constructionStartDateMills), &TaskModel::startdateChanged);
     set(m_enddate, date(record.constructionEndDateMills), &TaskModel::enddateChanged);

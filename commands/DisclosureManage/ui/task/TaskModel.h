@@ -36,9 +36,13 @@ class TaskModel : public QObject {
     Q_PROPERTY(QString relFiles MEMBER m_relFiles NOTIFY relFilesChanged)
     Q_PROPERTY(QString receiver MEMBER m_receiver NOTIFY receiverChanged)
     Q_PROPERTY(QStringList ownermodel MEMBER m_ownermodel NOTIFY ownerModelChanged)
+    Q_PROPERTY(QString catalog_path READ catalogPath CONSTANT)
 
 public:
     TaskModel(const DISCLOSUREPACKAGE::TaskRecord& record, const PeopleNames& names, QObject* parent = nullptr);
+
+    /// For the user; empty for a number that is no status.
+    static QString statusText(int status);
 
     /// Takes over what `record` says; the check mark stays.
     void assign(const DISCLOSUREPACKAGE::TaskRecord& record, const PeopleNames& names);
@@ -46,6 +50,9 @@ public:
     const QString& id() const { return m_id; }
     const QString& name() const { return m_name; }
     const QString& catalogid() const { return m_catalogid; }
+    /// Where the task lies; empty for the catalog that is listed. Set before the row is shown.
+    const QString& catalogPath() const { return m_catalogPath; }
+    void setCatalogPath(const QString& path) { m_catalogPath = path; }
     const QString& owner() const { return m_owner; }
     bool released() const { return m_released; }
     bool selected() const { return m_selected; }
@@ -107,4 +114,5 @@ private:
     QString m_relFiles;
     QString m_receiver;
     QStringList m_ownermodel;
+    QString m_catalogPath;
 };

@@ -18,6 +18,18 @@ FocusScope {
     function moveUp() { optionChosen(CatalogOptions.moveUp) }
     function moveDown() { optionChosen(CatalogOptions.moveDown) }
 
+    // The ids of the open catalogs below, from the top down.
+    function openBelow(parent, ids) {
+        for (var row = 0; row < theModel.rowCount(parent); ++row) {
+            var index = theModel.index(row, 0, parent)
+            if (!tree.isExpanded(index))
+                continue
+            ids.push(theModel.catalogId(index))
+            openBelow(index, ids)
+        }
+        return ids
+    }
+
     // The top catalog is open from the start: alone it would tell nothing.
     function showDefault() {
         tree.expand(theModel.defaultIndex)
@@ -45,6 +57,14 @@ FocusScope {
             anchors.fill: parent
             spacing: 0
 
+            UxNoticeBar {
+                Layout.fillWidth: true
+                Layout.margins: 1
+                visible: theModel.reading.failed && !theModel.reading.covers
+                text: theModel.reading.text
+                actionText: qsTr("重试")
+                onActed: theWindow.refresh()
+            }
             UxTreeView2 {
                 id: tree
                 Layout.fillWidth: true
@@ -70,10 +90,17 @@ FocusScope {
                     if (theModel.defaultIndex.valid)
                         pane.showDefault()
                 }
+
+                UxPlaceholder {
+                    anchors.fill: parent
+                    reading: theModel.reading
+                    onRetried: theWindow.refresh()
+                }
             }
 
             CatalogButtons {
                 Layout.fillWidth: true
+                enabled: !theModel.reading.covers
                 pane: pane
             }
         }
@@ -85,9 +112,26 @@ FocusScope {
         onClosed: pane.menuClosed()
     }
 
+    // Another reading of the catalogs leaves open what was open, and the place.
     Connections {
+        property var open: []
+        property real top: 0
+
         target: theModel
-        function onDefaultIndexChanged() { pane.showDefault() }
+        function onReplacingCatalogs() {
+            open = pane.openBelow(tree.rootIndex, [])
+            top = tree.flickableItem.contentY
+        }
+        function onCatalogsReplaced() {
+            for (var i = 0; i < open.length; ++i)
+                tree.expand(theModel.indexOfCatalog(open[i]))
+            if (open.length > 0)
+                Qt.callLater(function () { tree.flickableItem.contentY = top })
+        }
+        function onDefaultIndexChanged() {
+            if (!theModel.currentIndex.valid)
+                pane.showDefault()
+        }
         function onCurrentIndexChanged() {
             if (tree.currentIndex !== theModel.currentIndex)
                 tree.select(theModel.currentIndex)

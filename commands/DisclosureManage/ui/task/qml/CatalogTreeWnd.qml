@@ -9,14 +9,41 @@ DialogPage {
 
     signal signalOKClicked()
 
+    // Of many catalogs only the top is open.
+    function showChoices() {
+        if (theWnd.opensAll())
+            tree.expandToDepth(1000)
+        else
+            tree.expand(theModel.defaultIndex)
+        tree.select(theModel.defaultIndex)
+    }
+
     title: qsTr("选择路径")
 
+    UxText {
+        Layout.fillWidth: true
+        Layout.margins: 10
+        Layout.bottomMargin: 0
+        visible: text !== ""
+        text: movedTasks
+        wrapMode: Text.Wrap
+    }
+    TreeSearch {
+        id: search
+        Layout.fillWidth: true
+        Layout.margins: 10
+        Layout.bottomMargin: 0
+        placeholderText: qsTr("搜索目录")
+        onWanted: theWnd.setSearchText(text)
+        Keys.onDownPressed: tree.forceActiveFocus()
+    }
     UxTreeView2 {
         id: tree
         Layout.fillWidth: true
         Layout.fillHeight: true
         Layout.margins: 10
         focus: true
+        initialExpandAll: false
         activeFocusOnTab: true
         hasBorder: true
         selectionMode: SelectionMode.SingleSelection
@@ -26,7 +53,19 @@ DialogPage {
         onCurrentIndexChanged: theModel.currentIndex = currentIndex
         Keys.onReturnPressed: root.signalOKClicked()
         Keys.onEnterPressed: root.signalOKClicked()
-        Component.onCompleted: select(theModel.defaultIndex)
+
+        UxPlaceholder {
+            anchors.fill: parent
+            anchors.margins: 1
+            reading: theModel.reading
+            clearText: qsTr("清除搜索")
+            onRetried: theWnd.read()
+            onCleared: search.forget()
+        }
+    }
+    Connections {
+        target: theModel
+        function onDefaultIndexChanged() { root.showChoices() }
     }
 
     RowLayout {

@@ -16,6 +16,15 @@ ColumnLayout {
         Layout.topMargin: 20
         table: table
     }
+    UxNoticeBar {
+        Layout.fillWidth: true
+        Layout.leftMargin: 20
+        Layout.rightMargin: 20
+        visible: theTaskModel.reading.failed && !theTaskModel.reading.covers
+        text: theTaskModel.reading.text + qsTr("。下面是之前读取的内容")
+        actionText: qsTr("重试")
+        onActed: theTaskModel.RefreshCurrentTaskInfo(true)
+    }
     TaskTable {
         id: table
         Layout.fillWidth: true
@@ -35,24 +44,48 @@ ColumnLayout {
             else
                 event.accepted = false
         }
+
+        UxPlaceholder {
+            anchors.fill: parent
+            anchors.topMargin: UxTheme.tableRowHeight  // below the header
+            anchors.margins: 1
+            reading: theTaskModel.reading
+            onRetried: theTaskModel.RefreshCurrentTaskInfo(true)
+            onCleared: theTaskModel.clearFilters()
+        }
     }
-    UxPagingBar {
-        id: pages
-        Layout.alignment: Qt.AlignRight
+    RowLayout {
+        Layout.leftMargin: 20
         Layout.rightMargin: 20
         Layout.bottomMargin: 20
-        itemsPerPageModel: [15, 20, 30]
-        totalCount: theTaskModel.total_count
-        totalPage: theTaskModel.total_page
-        onItemsPerPageChanged: theTaskModel.items_per_page = itemsPerPage
-        onCurrentPageChanged: {
-            theTaskModel.current_page = currentPage
-            currentPage = theTaskModel.current_page
+        spacing: 6
+
+        UxText {
+            visible: theTaskModel.checked_count > 0
+            text: qsTr("已选 %1 条").arg(theTaskModel.checked_count)
         }
-        onFirstPage: theTaskModel.firstPage()
-        onPrevPage: theTaskModel.prevPage()
-        onNextPage: theTaskModel.nextPage()
-        onLastPage: theTaskModel.lastPage()
+        UxButton {
+            visible: theTaskModel.checked_count > 0
+            implicitHeight: UxTheme.fieldHeight
+            text: qsTr("取消选择")
+            onClicked: theTaskModel.uncheckAll()
+        }
+        Item { Layout.fillWidth: true }
+        UxPagingBar {
+            id: pages
+            itemsPerPageModel: [15, 20, 30]
+            totalCount: theTaskModel.shown_count
+            totalPage: theTaskModel.total_page
+            onItemsPerPageChanged: theTaskModel.items_per_page = itemsPerPage
+            onCurrentPageChanged: {
+                theTaskModel.current_page = currentPage
+                currentPage = theTaskModel.current_page
+            }
+            onFirstPage: theTaskModel.firstPage()
+            onPrevPage: theTaskModel.prevPage()
+            onNextPage: theTaskModel.nextPage()
+            onLastPage: theTaskModel.lastPage()
+        }
     }
 
     // Bindings of their own, because the bar assigns both properties itself.

@@ -9,6 +9,7 @@ Popup {
 
     property int option: CatalogOptions.create
     readonly property bool creates: option === CatalogOptions.create
+    property string failure: ""
     property real pressX
     property real pressY
 
@@ -17,7 +18,16 @@ Popup {
 
     function openFor(wanted) {
         option = wanted
+        failure = ""
         open()
+    }
+
+    // What got no answer can be tried again: it stays, with the reason.
+    function give(closesInAnyCase) {
+        nameGiven(option, nameField.text)
+        failure = theModel.failure
+        if (theModel.is_duplicate_name || (closesInAnyCase && failure === ""))
+            close()
     }
 
     parent: Overlay.overlay
@@ -64,6 +74,7 @@ Popup {
     }
 
     Row {
+        id: nameRow
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.verticalCenter: parent.verticalCenter
 
@@ -76,11 +87,22 @@ Popup {
             focus: true
             KeyNavigation.tab: okButton
             Accessible.name: qsTr("文件夹名")
-            onAccepted: {
-                popup.nameGiven(popup.option, text)
-                popup.close()
-            }
+            onAccepted: popup.give(true)
         }
+    }
+
+    UxText {
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.top: nameRow.bottom
+        anchors.topMargin: 6
+        width: parent.width - 20
+        visible: text !== ""
+        text: popup.failure === "" ? "" : qsTr("未完成：") + popup.failure
+        color: UxTheme.requiredMark
+        horizontalAlignment: Text.AlignHCenter
+        wrapMode: Text.Wrap
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: text
     }
 
     Row {
@@ -93,11 +115,7 @@ Popup {
             id: okButton
             text: qsTr("确定")
             KeyNavigation.tab: cancelButton
-            onClicked: {
-                popup.nameGiven(popup.option, nameField.text)
-                if (theModel.is_duplicate_name)
-                    popup.close()
-            }
+            onClicked: popup.give(false)
         }
         UxButton {
             id: cancelButton

@@ -8,6 +8,8 @@ UxTreeView2 {
 
     property real contentsWidth: 0
 
+    signal searchCleared()
+
     function fit() {
         var column = getColumn(0)
         column.resizeToContents()
@@ -23,4 +25,13 @@ UxTreeView2 {
     activeFocusOnTab: true
     Accessible.name: qsTr("组织人员")
     onExpanded: Qt.callLater(fit)
+
+    UxPlaceholder {
+        anchors.fill: parent
+        anchors.margins: 1
+        reading: theReading.state
+        clearText: qsTr("清除搜索")
+        onRetried: theReading.read()
+        onCleared: tree.searchCleared()
+    }
 }

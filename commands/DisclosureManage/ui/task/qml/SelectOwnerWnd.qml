@@ -8,16 +8,16 @@ DialogPage {
 
     title: qsTr("选择交底人")
 
-    PeopleSearch {
+    TreeSearch {
+        id: search
         Layout.fillWidth: true
         Layout.margins: 10
         focus: true
+        placeholderText: qsTr("搜索联系人")
         onWanted: theSelectOwnerWnd.setSearchText(text)
     }
     PeopleTree {
         id: tree
-
-        property bool shown: false  // until then the selection is the model's
 
         Layout.fillWidth: true
         Layout.fillHeight: true
@@ -28,11 +28,16 @@ DialogPage {
         itemDelegate: PeopleRow {
             highlighted: styleData.selected && !theSelectOwnerWnd.isDepNode(styleData.index)
         }
-        onCurrentIndexChanged: if (shown) model.currentIndex = currentIndex
+        onCurrentIndexChanged: model.currentIndex = currentIndex
         onActivated: if (!theSelectOwnerWnd.isDepNode(index)) theSelectOwnerWnd.onClickOk()
-        Component.onCompleted: {
-            select(model.currentIndex)
-            shown = true
+        onSearchCleared: search.forget()
+
+        Connections {
+            target: tree.model
+            function onCurrentIndexChanged() {
+                if (tree.currentIndex !== tree.model.currentIndex)
+                    tree.select(tree.model.currentIndex)
+            }
         }
     }
     DialogButtons {

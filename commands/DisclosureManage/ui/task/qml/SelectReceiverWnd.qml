@@ -41,9 +41,11 @@ DialogPage {
         Layout.margins: 10
         spacing: 4
 
-        PeopleSearch {
+        TreeSearch {
+            id: search
             Layout.fillWidth: true
             focus: true
+            placeholderText: qsTr("搜索联系人")
             onWanted: theSelectReceiverWnd.setSearchText(text)
         }
         UxIconButton {
@@ -74,6 +76,7 @@ DialogPage {
             onToggled: root.toggle(styleData.index)
         }
         Keys.onSpacePressed: root.toggle(currentIndex)
+        onSearchCleared: search.forget()
     }
     DialogButtons {
         Layout.fillWidth: true

@@ -7,13 +7,13 @@ Row {
 
     property var table
     // Rows are checked and the user may delete, move and export them.
-    readonly property bool rowsUsable: table.selectAllState !== Qt.Unchecked && theTaskModel.delBtnEnable
+    readonly property bool rowsUsable: theTaskModel.checked_count > 0 && theTaskModel.delBtnEnable
 
     UxIconButton {
         implicitHeight: UxTheme.fieldHeight
         iconSource: "qrc:/ui/Images/add.png"
         tooltipText: qsTr("新建")
-        enabled: theTaskModel.newTaskEnable
+        enabled: theTaskModel.newTaskEnable && !theTaskModel.reading.unread
         onClicked: theTaskModel.AddTask()
     }
     UxIconButton {
@@ -36,5 +36,11 @@ Row {
         tooltipText: qsTr("导出")
         enabled: buttons.rowsUsable
         onClicked: theTaskModel.OnExportTasksToExcel(buttons.table.checkedRowNumbers())
+    }
+    UxIconButton {
+        implicitHeight: UxTheme.fieldHeight
+        iconSource: "qrc:/ui/Images/refresh.png"
+        tooltipText: qsTr("刷新")
+        onClicked: theWindow.refresh()
     }
 }

@@ -1,13 +1,19 @@
 import QtQuick 2.12
 import UI 1.0
 
-// Who is searched for, with Enter or the icon; the same text is searched for once.
+// What is searched for in a tree, with Enter or the icon; the same text is searched for once.
 UxTextField {
     id: field
 
     property string searched: ""
 
     signal wanted(string text)
+
+    // Shows everything again.
+    function forget() {
+        text = ""
+        search()
+    }
 
     function search() {
         if (text === searched)
@@ -18,7 +24,6 @@ UxTextField {
 
     implicitHeight: 30
     rightPadding: 32
-    placeholderText: qsTr("搜索联系人")
     Accessible.name: placeholderText
     onAccepted: search()
 
