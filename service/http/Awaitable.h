@@ -1,7 +1,5 @@
 #pragma once
 
-// Beware: GCC 12 destroys twice what braces make around a co_await, as in Reply{co_await ...}.
-
 // Asio's header forgets what it needs of this one.
 // clang-format off
 #include <utility>

@@ -77,6 +77,7 @@ asio::awaitable<bool> Connection::serveOne() {
     }
     m_line.stream().expires_never();
     if (reply->file.upload) {
+        // On a line of its own: what braces make around a co_await GCC 12 destroys twice.
         Response answer = co_await receiveUpload(m_line, reader, m_dispatcher, std::move(reply->file));
         reply = Reply{std::move(answer)};
     }

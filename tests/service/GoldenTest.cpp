@@ -40,7 +40,8 @@ Leaves leavesOf(const rapidjson::Value& value) {
 /// The places with the kind of what stands there, whatever it is and however often.
 std::set<std::string> shapeOf(const rapidjson::Value& value) {
     std::set<std::string> shape;
-    for (auto [place, leaf] : leavesOf(value)) {
+    for (const auto& [where, leaf] : leavesOf(value)) {
+        std::string place = where;
         for (auto at = place.find('['); at != std::string::npos; at = place.find('[', at + 1))
             place.erase(at + 1, place.find(']', at) - at - 1);
         shape.insert(place + (leaf[0] == '"' ? " text" : leaf[0] == 't' || leaf[0] == 'f' ? " flag" : " number"));
