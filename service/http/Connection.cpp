@@ -76,8 +76,11 @@ asio::awaitable<bool> Connection::serveOne() {
         reply = Reply{answerTo(error)};
     }
     m_line.stream().expires_never();
-    if (reply->file.upload)
-        reply = Reply{co_await receiveUpload(m_line, reader, m_dispatcher, std::move(reply->file))};
+    if (reply->file.upload) {
+        // On a line of its own: what braces make around a co_await GCC 12 destroys twice.
+        Response answer = co_await receiveUpload(m_line, reader, m_dispatcher, std::move(reply->file));
+        reply = Reply{std::move(answer)};
+    }
     const bool goesOn = reader.keepsAlive() && !m_draining;
     Response& message = reply->message;
     message.keep_alive(goesOn);

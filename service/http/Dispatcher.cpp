@@ -141,11 +141,9 @@ void Dispatcher::read(std::shared_ptr<FileReader> content, std::span<char> piece
 }
 
 void Dispatcher::settle(std::chrono::steady_clock::time_point until) {
-    // Nobody waits for these any more; what is begun is finished.
     m_loginWorkers.stop(until);
     m_readers.stop(until);
-    if (std::chrono::steady_clock::now() >= until)
-        m_fileThreads.stop();
+    // A piece each at most, of so many transfers as there are places; what follows them is the writer's.
     m_fileThreads.join();
     m_writer.stop(until);
 }

@@ -1,3 +1,4 @@
+#include <boost/asio/read.hpp>
 #include <boost/asio/write.hpp>
 #include <chrono>
 #include <future>

@@ -132,8 +132,9 @@ TEST_F(SettingsTest, TheManualNamesEveryKeyWithItsDefault) {
     const Settings written = read(readable);
     for (const Row& row : rows()) {
         const std::string key = row.key;
-        if (key != "database.url" && key != "database.readers")
+        if (key != "database.url" && key != "database.readers") {
             EXPECT_EQ(row.read(written), row.read(defaults)) << key;
+        }
     }
 }
 
