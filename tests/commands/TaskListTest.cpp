@@ -56,6 +56,11 @@ TEST_F(TaskList, ShowsThePageOfTheCatalog) {
     EXPECT_EQ(shown(14, "name"), "任务14");
     EXPECT_EQ(list.totalPage(), 3);
     EXPECT_EQ(people.reads, 1) << "once a refresh, not once a row";
+    EXPECT_EQ(shown(0, "catalog_path"), "") << "it lies in the listed catalog";
+    list.setCatalogPath([](const QString& id) { return "土建 / " + id; });
+    list.setCatalogId("all");
+    settle();
+    EXPECT_EQ(shown(0, "catalog_path"), "土建 / base");
 }
 
 TEST_F(TaskList, PagesStayWithinTheirNumber) {

@@ -8,6 +8,8 @@ UxToolTipText {
     readonly property var task: model && model.item ? model.item : null
 
     property var table
+    // The task lies below the listed catalog: the tool tip of its name says where.
+    readonly property bool liesBelow: styleData.role === "name" && task !== null && task.catalog_path !== ""
 
     signal opened()
 
@@ -20,6 +22,8 @@ UxToolTipText {
     leftPadding: 6
     rightPadding: 6
     text: task ? task[styleData.role] : ""
+    toolTipText: liesBelow ? text + "\n" + qsTr("目录：") + task.catalog_path : text
+    tooltipVisible: text !== "" && (truncated || liesBelow)
     activeFocusOnTab: styleData.selected
     Accessible.role: Accessible.Button
     Accessible.name: text
