@@ -97,19 +97,19 @@ protected:
 TEST_F(FileRules, AFileComesBackAsItWasSent) {
     for (const std::size_t size : {0U, 1U, 262'144U, 262'145U, 3'000'000U}) {
         const std::string content = noise(size);
-        const Answer answer = demo.raw(uploadHead(demo.cookie(), length(size), "%E4%B9%A6.PDF") + content);
+        const Answer answer = demo.raw(uploadHead(demo.cookie(), length(size), "%E4%B9%A6%22%3B.PDF") + content);
         const std::string uuid = uuidOf(answer);
         const auto json = answer.json();
         const auto& result = json["result"];
         EXPECT_EQ(result["md5"].GetString(), md5Of(content));
         EXPECT_EQ(result["size"].GetInt64(), std::ssize(content));
-        EXPECT_STREQ(result["name"].GetString(), "书.PDF");
+        EXPECT_STREQ(result["name"].GetString(), "书\";.PDF");
         EXPECT_STREQ(result["extension"].GetString(), "pdf");
         const Answer got = demo.get(pathOf(uuid));
         EXPECT_EQ(got.status, 200);
         EXPECT_TRUE(got.body == content) << size;
         EXPECT_EQ(got.etag, "\"" + md5Of(content) + "\"");
-        EXPECT_EQ(got.disposition, "attachment; filename*=UTF-8''%E4%B9%A6.PDF");
+        EXPECT_EQ(got.disposition, "attachment; filename*=UTF-8''%E4%B9%A6%22%3B.PDF");
     }
     expectNothingStays(service, 5);
 }

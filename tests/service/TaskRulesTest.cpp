@@ -104,8 +104,9 @@ TEST_F(TaskRules, WhatMayNotBeIsRefusedAndNothingIsStored) {
         return list;
     };
     EXPECT_EQ(save(taskBody("y", "a",
-                            R"(,"disclosureTaskViewportList":[)" + links("viewportId", 6) +
-                                R"(],"disclosureTaskNodeList":[)" + links("nodeId", 4) +
+                            R"(,"constructionStartDateMills":1,"constructionEndDateMills":1,)"
+                            R"("disclosureTaskViewportList":[)" +
+                                links("viewportId", 6) + R"(],"disclosureTaskNodeList":[)" + links("nodeId", 4) +
                                 R"(],"disclosureTaskDocList":)" + docs(0, 10)))
                   .code(),
               200)
