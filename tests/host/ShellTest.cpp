@@ -190,7 +190,7 @@ TEST_F(WholeWorkbench, TheBellRingsOverThePlugInsWindow) {
 }
 
 TEST_F(WholeWorkbench, PlugInsLearnFromTheEventLoopWhetherTheServiceAnswers) {
-    struct : BASEPACKAGE::IServiceStateObserver {
+    struct Observer final : BASEPACKAGE::IServiceStateObserver {
         void OnServiceStateChanged(bool reachable) override { told.push_back(reachable); }
         std::vector<bool> told;
     } observer, removed;
