@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <iostream>
 
+#include <QCoreApplication>
+
 #include "bench/Report.h"
 #include "client/model/ResponseEntities.h"
 #include "plugin/service/CDisclosureManageMgr.h"
@@ -139,7 +141,8 @@ bool askBare(const std::string& address, const std::string& target) {
 
 }  // namespace
 
-int main() {
+int main(int argc, char** argv) {
+    const QCoreApplication app(argc, argv);  // the server needs one
     support::RawHttpServer server;
     support::FakeHost host;
     host.web.address = BASETOOLS::ToWide(server.address());

@@ -56,7 +56,15 @@ bool CallService(const std::function<bool(std::shared_ptr<io::swagger::client::a
 template <class Answer>
 bool WaitFor(const pplx::task<std::shared_ptr<Answer>>& call, bool canCancel) {
     const auto end = std::make_shared<std::promise<void>>();
-    call.then([end](const pplx::task<std::shared_ptr<Answer>>&) { end->set_value(); });
+    call.then([end](const pplx::task<std::shared_ptr<Answer>>& ended) {
+        try {
+            ended.wait();
+        } catch (...) {
+            end->set_value();  // looked at: the library ends the program over a failure that nobody has seen
+            return;
+        }
+        end->set_value();
+    });
     return BASEUI::Wait(end->get_future(), {.canCancel = canCancel});
 }
 

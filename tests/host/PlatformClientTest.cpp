@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QTimer>
-
 #include "host/platform/PlatformClient.h"
 #include "host/platform/PlatformData.h"
 #include "tests/host/TestPlatform.h"
@@ -104,16 +102,6 @@ TEST_F(Client, RepeatsOnceAfterARecoveredSession) {
     EXPECT_EQ(client.get("/rs/x").outcome, Outcome::SessionExpired);
     EXPECT_EQ(server.requests().size(), 3U);
     EXPECT_EQ(recoveries, 2);
-}
-
-TEST_F(Client, LetsNoTimerThroughWhileItWaits) {
-    server.setHandler([](const auto&) { return Reply{200, kGood, "", {}, 100}; });
-    bool fired = false;
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, [&] { fired = true; });
-    timer.start(1);
-    EXPECT_TRUE(client.get("/rs/x").ok());
-    EXPECT_FALSE(fired);
 }
 
 TEST_F(Client, ARecordOfAnotherFormSpoilsTheWholeList) {
