@@ -11,8 +11,20 @@ BasicTableView {
     property color headerColor: UxTheme.tableHeader
     property color borderColor: UxTheme.border
     property int rowHeight: UxTheme.tableRowHeight
-    property int __sortColumn: sortIndicatorVisible ? sortIndicatorColumn : -1
-    property bool __sortAscending: sortIndicatorOrder === Qt.AscendingOrder
+    readonly property alias layout: columns
+
+    // Columns were resized or dragged.
+    signal layoutTouched()
+
+    function touchLayout() {
+        layoutTouched()
+    }
+
+    // Whether the arrow stands in this column of the header, and where it points.
+    function sortedAt(position) {
+        return sortIndicatorVisible && position === sortIndicatorColumn
+    }
+    property bool sortedUp: sortIndicatorOrder === Qt.AscendingOrder
 
     alternatingRowColors: true
     headerVisible: true
@@ -27,7 +39,15 @@ BasicTableView {
         __listView.focus = true
     }
 
-    Component.onCompleted: __placeFocus()
+    Component.onCompleted: {
+        columns.defined = columns.shown()
+        __placeFocus()
+    }
+
+    readonly property QtObject __columnLayout: UxColumnLayout {
+        id: columns
+        view: control
+    }
 
     __itemDelegateLoader: TableViewItemDelegateLoader {
         __style: control.__style

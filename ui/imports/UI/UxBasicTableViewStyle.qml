@@ -13,14 +13,17 @@ ScrollViewStyle {
     property bool activateItemOnSingleClick: false
 
     property Component headerDelegate: UxTableHeader {
+        readonly property int position: styleData.column
+
         text: styleData.value
         hovered: styleData.containsMouse
         color: control.headerColor
         borderColor: control.cellBorderColor
-        sorted: styleData.column >= 0 && styleData.column === control.__sortColumn
-        ascending: control.__sortAscending
+        sorted: styleData.column >= 0 && control.sortedAt(styleData.column)
+        ascending: control.sortedUp
         Accessible.role: Accessible.ColumnHeader
         Accessible.name: styleData.value
+        onPositionChanged: control.touchLayout()
     }
     property Component rowDelegate: Rectangle {
         height: control.rowHeight
@@ -29,7 +32,7 @@ ScrollViewStyle {
 
         UxFocusFrame {
             anchors.margins: 0
-            shown: control.activeFocus && styleData.row !== undefined && styleData.row === control.__currentRow
+            shown: control.activeFocus && styleData.row !== undefined && styleData.row === control.currentRow
         }
     }
     // A row's object in the role "item" is read itself, so that the cell follows its change signals; a plain value there
@@ -47,11 +50,8 @@ ScrollViewStyle {
 
     incrementControl: null
     decrementControl: null
-    handle: UxScrollHandle { hovered: styleData.hovered || styleData.pressed }
-    scrollBarBackground: Item {
-        implicitWidth: UxTheme.scrollBarWidth
-        implicitHeight: UxTheme.scrollBarWidth
-    }
+    handle: UxScrollHandle {}
+    scrollBarBackground: UxScrollGround {}
     corner: Item {}
     frame: Rectangle {
         visible: control.frameVisible

@@ -22,7 +22,7 @@ Rectangle {
         calendar.item.open()
     }
 
-    implicitWidth: 110
+    implicitWidth: label.implicitWidth + label.anchors.leftMargin + label.anchors.rightMargin
     implicitHeight: UxTheme.tableRowHeight
     color: UxTheme.transparent
     activeFocusOnTab: editable
@@ -35,6 +35,7 @@ Rectangle {
     Keys.onEnterPressed: openCalendar()
 
     UxToolTipText {
+        id: label
         anchors.fill: parent
         anchors.leftMargin: 6
         anchors.rightMargin: icon.width + 6
@@ -52,11 +53,10 @@ Rectangle {
         visible: control.editable && (area.containsMouse || control.activeFocus)
         source: "qrc:/ui/Images/calendar.png"
     }
-    MouseArea {
+    UxHoverArea {
         id: area
         anchors.fill: parent
         acceptedButtons: control.editable ? Qt.LeftButton : Qt.NoButton
-        hoverEnabled: true
         onClicked: control.openCalendar()
     }
     UxFocusFrame { shown: control.activeFocus }

@@ -47,12 +47,8 @@ Button {
         UxFocusFrame { shown: control.visualFocus }
     }
 
-    Loader {
-        active: control.hovered && control.tooltipText !== ""
-        sourceComponent: UxToolTip {
-            parent: control
-            text: control.tooltipText
-            visible: true
-        }
+    UxToolTipLoader {
+        shown: control.hovered
+        text: control.tooltipText
     }
 }

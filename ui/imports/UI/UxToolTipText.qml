@@ -14,21 +14,14 @@ UxText {
     elide: Text.ElideRight
     verticalAlignment: Text.AlignVCenter
 
-    MouseArea {
+    UxHoverArea {
         id: area
         anchors.fill: parent
-        acceptedButtons: Qt.NoButton
-        hoverEnabled: true
     }
 
-    // Made on demand: a table holds hundreds of these texts and shows one tool tip at most.
-    Loader {
-        active: control.hovered && control.tooltipVisible
-        sourceComponent: UxToolTip {
-            parent: control
-            text: control.toolTipText
-            wrapText: control.wrapText
-            visible: true
-        }
+    UxToolTipLoader {
+        shown: control.hovered && control.tooltipVisible
+        text: control.toolTipText
+        wrapText: control.wrapText
     }
 }

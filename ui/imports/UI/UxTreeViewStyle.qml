@@ -15,11 +15,8 @@ TreeViewStyle {
     scrollToClickedPosition: true
     incrementControl: null
     decrementControl: null
-    handle: UxScrollHandle { hovered: styleData.hovered || styleData.pressed }
-    scrollBarBackground: Item {
-        implicitWidth: UxTheme.scrollBarWidth
-        implicitHeight: UxTheme.scrollBarWidth
-    }
+    handle: UxScrollHandle {}
+    scrollBarBackground: UxScrollGround {}
     frame: Rectangle {
         visible: control.hasBorder
         color: control.backgroundColor

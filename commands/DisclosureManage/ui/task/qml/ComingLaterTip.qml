@@ -11,12 +11,8 @@ MouseArea {
     acceptedButtons: Qt.NoButton
     hoverEnabled: true
 
-    Loader {
-        active: tip.containsMouse
-        sourceComponent: UxToolTip {
-            parent: tip
-            text: tip.text
-            visible: true
-        }
+    UxToolTipLoader {
+        shown: tip.containsMouse
+        text: tip.text
     }
 }
