@@ -41,13 +41,14 @@ QtObject {
         }
         var next = shown().findIndex(function (column) { return column.movable })
         for (var i = 0; Array.isArray(wanted) && i < wanted.length; ++i) {
-            var from = shown().findIndex(function (column) { return column.movable && column.name === wanted[i][0] })
+            var kept = wanted[i] || []
+            var from = shown().findIndex(function (column) { return column.movable && column.name === kept[0] })
             if (from < next)
                 continue
             view.moveColumn(from, next)
             var column = view.getColumn(next++)
-            if (column.resizable && wanted[i][1] >= column.minimumWidth)
-                column.width = Math.min(wanted[i][1], 4000)
+            if (column.resizable && kept[1] >= column.minimumWidth)
+                column.width = Math.min(kept[1], 4000)
         }
     }
 

@@ -49,6 +49,6 @@ Button {
 
     UxToolTipLoader {
         shown: control.hovered
-        text: control.tooltipText
+        toolTipText: control.tooltipText
     }
 }

@@ -17,6 +17,8 @@ UxBasicTableView {
     signal clicked()
     signal doubleClicked(int row)
     signal pressAndHold(int row)
+    // A click with the right button, at a place in the table, or the menu key.
+    signal menuWanted(int row, real x, real y)
     // A click on a column's header. A column keeps its number wherever it is dragged.
     signal headerClicked(int column, string title)
 

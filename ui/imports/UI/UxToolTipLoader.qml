@@ -6,13 +6,13 @@ Loader {
     id: loader
 
     property bool shown: false
-    property string text: ""
+    property string toolTipText: ""
     property bool wrapText: false
 
-    active: shown && text !== ""
+    active: shown && toolTipText !== ""
     sourceComponent: UxToolTip {
         parent: loader.parent
-        text: loader.text
+        text: loader.toolTipText
         wrapText: loader.wrapText
         Component.onCompleted: open()  // made visible already it would not wait for its delay
     }

@@ -21,7 +21,7 @@ UxText {
 
     UxToolTipLoader {
         shown: control.hovered && control.tooltipVisible
-        text: control.toolTipText
+        toolTipText: control.toolTipText
         wrapText: control.wrapText
     }
 }

@@ -23,6 +23,7 @@ TreeView {
     property int rowHeight: UxTheme.treeRowHeight
     // What the default delegate shows.
     property string textProperty: "nodeName"
+    readonly property Item currentItem: __listView.currentItem
     readonly property var currentIndex: current.revision, selection.currentIndex
 
     function mayExpand(depth) {

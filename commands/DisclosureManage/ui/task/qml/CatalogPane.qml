@@ -36,7 +36,7 @@ FocusScope {
         tree.select(theModel.defaultIndex)
     }
 
-    Keys.onMenuPressed: menu.popup(tree.__listView.currentItem || tree, tree.indentation, tree.rowHeight)
+    Keys.onMenuPressed: menu.popup(tree.currentItem || tree, tree.indentation, tree.rowHeight)
     Keys.onPressed: {
         var action = event.key === Qt.Key_Insert && theModel.newBuildEnable ? create
                    : !theModel.nodeOperEnable ? null

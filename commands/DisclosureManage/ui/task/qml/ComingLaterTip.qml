@@ -13,6 +13,6 @@ MouseArea {
 
     UxToolTipLoader {
         shown: tip.containsMouse
-        text: tip.text
+        toolTipText: tip.text
     }
 }

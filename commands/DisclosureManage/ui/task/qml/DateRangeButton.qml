@@ -1,6 +1,5 @@
 import QtQuick 2.12
 import QtQml 2.12
-import QtQuick.Controls 2.12
 import UI 1.0
 
 // Opens the menu of the usual date ranges, which fill both bounds of the date filter.
@@ -14,14 +13,8 @@ UxIconButton {
     Accessible.name: qsTr("常用日期范围")
     onClicked: menu.popup(button, 0, button.height)
 
-    Menu {
+    UxMenu {
         id: menu
-
-        background: Rectangle {
-            implicitWidth: 100
-            color: UxTheme.menuBackground
-            border.color: UxTheme.menuBorder
-        }
 
         Instantiator {
             model: theTaskModel.date_ranges

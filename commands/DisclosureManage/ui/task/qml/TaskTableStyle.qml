@@ -17,7 +17,7 @@ UxTableViewStyle {
 
         UxFocusFrame {
             anchors.margins: 0
-            shown: control.activeFocus && styleData.row !== undefined && styleData.row === control.__currentRow
+            shown: control.activeFocus && styleData.row !== undefined && styleData.row === control.currentRow
         }
     }
 }

@@ -8,6 +8,9 @@ UxToolTipText {
     readonly property var task: model && model.item ? model.item : null
 
     property var table
+    // A filled dot stands before what is published, an empty one before what is not.
+    property bool marksReleased: false
+    readonly property string releasedText: task && task.released ? qsTr("已发布") : qsTr("未发布")
 
     signal opened()
 
@@ -17,12 +20,12 @@ UxToolTipText {
             Qt.callLater(opened)
     }
 
-    leftPadding: 6
+    leftPadding: marksReleased ? 22 : 6
     rightPadding: 6
     text: task ? task[styleData.role] : ""
     activeFocusOnTab: styleData.selected
     Accessible.role: Accessible.Button
-    Accessible.name: text
+    Accessible.name: marksReleased ? text + " " + releasedText : text
     Accessible.onPressAction: open()
     Keys.onReturnPressed: open()
     Keys.onEnterPressed: open()
@@ -34,6 +37,15 @@ UxToolTipText {
             cell.table.focusRows()
         }
         onDoubleClicked: cell.open()
+    }
+    Loader {
+        x: 6
+        height: parent.height
+        active: cell.marksReleased
+        sourceComponent: TaskReleasedMark {
+            released: cell.task !== null && cell.task.released
+            text: cell.releasedText
+        }
     }
     UxFocusFrame { shown: cell.activeFocus }
 }
