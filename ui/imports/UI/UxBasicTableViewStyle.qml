@@ -29,11 +29,6 @@ ScrollViewStyle {
         height: control.rowHeight
         color: styleData.selected ? UxTheme.selection
                                   : styleData.alternate ? style.alternateBackgroundColor : style.backgroundColor
-
-        UxFocusFrame {
-            anchors.margins: 0
-            shown: control.activeFocus && styleData.row !== undefined && styleData.row === control.currentRow
-        }
     }
     // A row's object in the role "item" is read itself, so that the cell follows its change signals; a plain value there
     // is shown as it is.

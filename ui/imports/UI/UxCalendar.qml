@@ -16,6 +16,8 @@ UxTextField {
     property bool showing: false
 
     // The user chose, typed or cleared a date; text holds it already.
+    readonly property string shownTip: hovered ? wrong : ""
+
     signal picked(string text)
     // A sentence for the user.
     signal refused(string why)
@@ -73,6 +75,7 @@ UxTextField {
     inputMethodHints: Qt.ImhDate
     maximumLength: 20
     marked: wrong !== ""
+    onShownTipChanged: UxToolTips.show(control, shownTip, true)
     // The text from outside is accepted as it is; only typing is judged, when it ends.
     onTextChanged: {
         if (activeFocus || showing)
@@ -88,10 +91,6 @@ UxTextField {
     Keys.onEscapePressed: {
         event.accepted = text !== accepted
         show(accepted)
-    }
-    UxToolTipLoader {
-        shown: control.hovered
-        toolTipText: control.wrong
     }
 
     UxIconButton {

@@ -16,11 +16,13 @@ Button {
     property color hoveredColor: UxTheme.iconButtonActive
     property color disabledColor: UxTheme.iconButtonDisabled
     property string tooltipText: ""
+    readonly property string shownTip: hovered ? tooltipText : ""
 
     implicitWidth: 32
     implicitHeight: 32
     padding: 0
     hoverEnabled: true
+    onShownTipChanged: UxToolTips.show(control, shownTip, false)
     Accessible.name: text !== "" ? text : tooltipText
 
     Keys.onReturnPressed: clicked()
@@ -45,10 +47,5 @@ Button {
                                                   : control.hovered ? control.hoveredColor : UxTheme.transparent
 
         UxFocusFrame { shown: control.visualFocus }
-    }
-
-    UxToolTipLoader {
-        shown: control.hovered
-        toolTipText: control.tooltipText
     }
 }

@@ -27,7 +27,7 @@ Rectangle {
         visible: header.sorted
         width: UxTheme.smallIconSize
         height: UxTheme.smallIconSize
-        source: header.ascending ? "qrc:/ui/Images/sort/ascending.png" : "qrc:/ui/Images/sort/descending.png"
+        source: !header.sorted ? "" : header.ascending ? "qrc:/ui/Images/sort/ascending.png" : "qrc:/ui/Images/sort/descending.png"
     }
     Rectangle {
         anchors.right: parent.right

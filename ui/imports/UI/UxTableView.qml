@@ -42,6 +42,8 @@ UxBasicTableView {
     __mouseArea: UxTableMouse { table: control }
     onModelChanged: currentRow = -1
 
+    UxRowFrame { view: control }
+
     // The list would pass the keyboard on to the control inside it that had it last.
     Item {
         id: rowKeys

@@ -10,18 +10,14 @@ UxText {
     property bool hovered: area.containsMouse
     property bool tooltipVisible: truncated && text !== ""
     property bool wrapText: false
+    readonly property string shownTip: hovered && tooltipVisible ? toolTipText : ""
 
     elide: Text.ElideRight
     verticalAlignment: Text.AlignVCenter
+    onShownTipChanged: UxToolTips.show(control, shownTip, wrapText)
 
     UxHoverArea {
         id: area
         anchors.fill: parent
-    }
-
-    UxToolTipLoader {
-        shown: control.hovered && control.tooltipVisible
-        toolTipText: control.toolTipText
-        wrapText: control.wrapText
     }
 }

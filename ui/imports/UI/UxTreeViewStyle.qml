@@ -25,11 +25,6 @@ TreeViewStyle {
     rowDelegate: Rectangle {
         height: control.rowHeight
         color: styleData.selected && control.rowSelection ? UxTheme.selection : control.backgroundColor
-
-        UxFocusFrame {
-            anchors.margins: 0
-            shown: control.activeFocus && styleData.row !== undefined && styleData.row === control.__currentRow
-        }
     }
     itemDelegate: Rectangle {
         readonly property int implicitWidth: label.implicitWidth + 8

@@ -30,13 +30,19 @@ FocusScope {
         return ids
     }
 
+    // Made when it is first wanted.
+    function openMenu(item, x, y) {
+        menu.active = true
+        menu.item.popup(item, x, y)
+    }
+
     // The top catalog is open from the start: alone it would tell nothing.
     function showDefault() {
         tree.expand(theModel.defaultIndex)
         tree.select(theModel.defaultIndex)
     }
 
-    Keys.onMenuPressed: menu.popup(tree.currentItem || tree, tree.indentation, tree.rowHeight)
+    Keys.onMenuPressed: openMenu(tree.currentItem || tree, tree.indentation, tree.rowHeight)
     Keys.onPressed: {
         var action = event.key === Qt.Key_Insert && theModel.newBuildEnable ? create
                    : !theModel.nodeOperEnable ? null
@@ -79,11 +85,10 @@ FocusScope {
                 selectionMode: SelectionMode.SingleSelection
                 model: theModel
                 Accessible.name: qsTr("交底目录")
-                itemDelegate: CatalogRow {
-                    onMenuWanted: {
-                        tree.select(index)
-                        menu.popup(row, x, y)
-                    }
+                itemDelegate: CatalogRow {}
+                onMenuWanted: {
+                    select(index)
+                    pane.openMenu(tree, x, y)
                 }
                 onCurrentIndexChanged: theModel.currentIndex = currentIndex
                 Component.onCompleted: {
@@ -106,10 +111,13 @@ FocusScope {
         }
     }
 
-    CatalogMenu {
+    Loader {
         id: menu
-        pane: pane
-        onClosed: pane.menuClosed()
+        active: false
+        sourceComponent: CatalogMenu {
+            pane: menu.parent
+            onClosed: pane.menuClosed()
+        }
     }
 
     // Another reading of the catalogs leaves open what was open, and the place.

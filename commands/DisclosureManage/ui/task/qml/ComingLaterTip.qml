@@ -10,9 +10,5 @@ MouseArea {
     anchors.fill: parent
     acceptedButtons: Qt.NoButton
     hoverEnabled: true
-
-    UxToolTipLoader {
-        shown: tip.containsMouse
-        toolTipText: tip.text
-    }
+    onContainsMouseChanged: UxToolTips.show(tip, containsMouse ? text : "", false)
 }

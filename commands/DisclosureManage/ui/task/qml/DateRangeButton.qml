@@ -9,21 +9,28 @@ UxIconButton {
     implicitWidth: UxTheme.fieldHeight
     implicitHeight: UxTheme.fieldHeight
     iconSource: "qrc:/ui/Images/combo.png"
-    tooltipText: menu.visible ? "" : qsTr("常用日期范围")
+    tooltipText: menu.item && menu.item.visible ? "" : qsTr("常用日期范围")
     Accessible.name: qsTr("常用日期范围")
-    onClicked: menu.popup(button, 0, button.height)
+    onClicked: {
+        menu.active = true  // made when it is first wanted
+        menu.item.popup(button, 0, button.height)
+    }
 
-    UxMenu {
+    Loader {
         id: menu
+        active: false
+        sourceComponent: UxMenu {
+            id: ranges
 
-        Instantiator {
-            model: theTaskModel.date_ranges
-            delegate: UxMenuItem {
-                text: modelData
-                onTriggered: theTaskModel.chooseDateRange(index)
+            Instantiator {
+                model: theTaskModel.date_ranges
+                delegate: UxMenuItem {
+                    text: modelData
+                    onTriggered: theTaskModel.chooseDateRange(index)
+                }
+                onObjectAdded: ranges.insertItem(index, object)
+                onObjectRemoved: ranges.removeItem(object)
             }
-            onObjectAdded: menu.insertItem(index, object)
-            onObjectRemoved: menu.removeItem(object)
         }
     }
 }

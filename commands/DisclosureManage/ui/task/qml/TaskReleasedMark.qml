@@ -23,9 +23,6 @@ Item {
     UxHoverArea {
         id: area
         anchors.fill: parent
-    }
-    UxToolTipLoader {
-        shown: area.containsMouse
-        toolTipText: mark.text
+        onContainsMouseChanged: UxToolTips.show(mark, containsMouse ? mark.text : "", false)
     }
 }
