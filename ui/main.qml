@@ -99,22 +99,19 @@ Rectangle {
         onActivated: theWindow.refresh()
     }
 
-    // Made when it is first wanted.
-    Loader {
+    UxOnDemand {
         id: namePopup
 
         readonly property bool shown: item !== null && item.visible
 
         function openFor(option) {
-            active = true
-            item.openFor(option)
+            wanted({}, function (made) {
+                made.proposalWanted.connect(root.signalUpdateNextFolderName)
+                made.nameGiven.connect(root.signalCatalogOption)
+                made.closed.connect(function () { if (catalogs) catalogs.forceActiveFocus() })  // it may close with the page
+            }).openFor(option)
         }
 
-        active: false
-        sourceComponent: FolderNamePopup {
-            onProposalWanted: root.signalUpdateNextFolderName()
-            onNameGiven: root.signalCatalogOption(option, name)
-            onClosed: catalogs.forceActiveFocus()
-        }
+        file: "qrc:/commands/DisclosureManage/ui/task/qml/FolderNamePopup.qml"
     }
 }

@@ -61,7 +61,8 @@ private:
     struct Property {
         int type = QMetaType::UnknownType;  // or one that cannot be read
         int index = -1;
-        void (*call)(QObject*, QMetaObject::Call, int, void**) = nullptr;  // null where the object itself has to be asked
+        void (*call)(QObject*, QMetaObject::Call, int,
+                     void**) = nullptr;  // null where the object itself has to be asked
 
         void read(const QObject* object, void* value, QVariant* variant) const;
     };

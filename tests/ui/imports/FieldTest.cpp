@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <QInputMethodEvent>
 #include <QTest>
 
+#include "tests/support/QuickPilot.h"
 #include "tests/ui/imports/Scene.h"
 
 using support::Scene;
@@ -30,9 +30,7 @@ TEST(TextArea, NeverHoldsMoreThanItsMaximum) {
     EXPECT_EQ(scene.evaluate("text"), "as lo");
 
     scene.evaluate("text = ''");
-    QInputMethodEvent event;
-    event.setCommitString("六个字的交底");
-    QCoreApplication::sendEvent(scene.window().focusObject(), &event);
+    support::commit(&scene.window(), "六个字的交底");
     EXPECT_EQ(scene.evaluate("text"), "六个字的交");
 }
 

@@ -44,6 +44,26 @@ BasicTableView {
         __placeFocus()
     }
 
+    // One arrow, in the header of the column that is sorted by.
+    Image {
+        readonly property Item header: {
+            var headers = control.__listView.headerItem ? control.__listView.headerItem.headerRow.children : []
+            for (var i = 0; i < headers.length; ++i)
+                if (headers[i].column !== undefined && control.sortedAt(headers[i].column))
+                    return headers[i]
+            return null
+        }
+
+        parent: header
+        anchors.right: parent ? parent.right : undefined
+        anchors.verticalCenter: parent ? parent.verticalCenter : undefined
+        visible: header !== null
+        width: UxTheme.smallIconSize
+        height: UxTheme.smallIconSize
+        source: header === null ? "" : control.sortedUp ? "qrc:/ui/Images/sort/ascending.png"
+                                                        : "qrc:/ui/Images/sort/descending.png"
+    }
+
     readonly property QtObject __columnLayout: UxColumnLayout {
         id: columns
         view: control

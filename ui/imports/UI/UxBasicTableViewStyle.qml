@@ -20,7 +20,6 @@ ScrollViewStyle {
         color: control.headerColor
         borderColor: control.cellBorderColor
         sorted: styleData.column >= 0 && control.sortedAt(styleData.column)
-        ascending: control.sortedUp
         Accessible.role: Accessible.ColumnHeader
         Accessible.name: styleData.value
         onPositionChanged: control.touchLayout()

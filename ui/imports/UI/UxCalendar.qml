@@ -23,8 +23,7 @@ UxTextField {
     signal refused(string why)
 
     function openCalendar() {
-        calendar.active = true
-        calendar.item.open()
+        calendar.open()
     }
 
     // Edits like a user: an assignment would break the binding that a screen has put on text.
@@ -105,16 +104,13 @@ UxTextField {
         Accessible.name: qsTr("打开日历")
         onClicked: control.openCalendar()
     }
-    Loader {
+    UxCalendarOpener {
         id: calendar
-        active: false
-        sourceComponent: UxCalendarPopup {
-            parent: control
-            value: control.text
-            minimumDate: control.minimumDate
-            maximumDate: control.maximumDate
-            onPicked: control.take(text)
-            onClosed: control.forceActiveFocus()
-        }
+        field: control
+        value: control.text
+        minimumDate: control.minimumDate
+        maximumDate: control.maximumDate
+        onPicked: control.take(text)
+        onClosed: control.forceActiveFocus()
     }
 }

@@ -16,10 +16,8 @@ Rectangle {
     signal picked(string text)
 
     function openCalendar() {
-        if (!editable)
-            return
-        calendar.active = true
-        calendar.item.open()
+        if (editable)
+            calendar.open()
     }
 
     implicitWidth: label.implicitWidth + label.anchors.leftMargin + label.anchors.rightMargin
@@ -34,7 +32,7 @@ Rectangle {
     Keys.onReturnPressed: openCalendar()
     Keys.onEnterPressed: openCalendar()
 
-    UxToolTipText {
+    UxTipText {
         id: label
         anchors.fill: parent
         anchors.leftMargin: 6
@@ -61,16 +59,12 @@ Rectangle {
     }
     UxFocusFrame { shown: control.activeFocus }
 
-    // Made on demand: a table shows dozens of these cells.
-    Loader {
+    UxCalendarOpener {
         id: calendar
-        active: false
-        sourceComponent: UxCalendarPopup {
-            parent: control
-            value: control.value
-            minimumDate: control.minimumDate
-            maximumDate: control.maximumDate
-            onPicked: control.picked(text)
-        }
+        field: control
+        value: control.value
+        minimumDate: control.minimumDate
+        maximumDate: control.maximumDate
+        onPicked: control.picked(text)
     }
 }

@@ -45,7 +45,7 @@ Button {
         color: !control.enabled ? control.disabledColor
                                 : control.pressed ? control.pressedColor
                                                   : control.hovered ? control.hoveredColor : UxTheme.transparent
-
-        UxFocusFrame { shown: control.visualFocus }
+        border.width: control.visualFocus ? 1 : 0
+        border.color: UxTheme.focusFrame
     }
 }

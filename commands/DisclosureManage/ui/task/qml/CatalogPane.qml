@@ -30,10 +30,8 @@ FocusScope {
         return ids
     }
 
-    // Made when it is first wanted.
     function openMenu(item, x, y) {
-        menu.active = true
-        menu.item.popup(item, x, y)
+        menu.wanted({ pane: pane }, function (made) { made.closed.connect(menuClosed) }).popup(item, x, y)
     }
 
     // The top catalog is open from the start: alone it would tell nothing.
@@ -111,13 +109,9 @@ FocusScope {
         }
     }
 
-    Loader {
+    UxOnDemand {
         id: menu
-        active: false
-        sourceComponent: CatalogMenu {
-            pane: menu.parent
-            onClosed: pane.menuClosed()
-        }
+        file: Qt.resolvedUrl("CatalogMenu.qml")
     }
 
     // Another reading of the catalogs leaves open what was open, and the place.

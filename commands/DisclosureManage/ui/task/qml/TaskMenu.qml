@@ -7,16 +7,18 @@ UxMenu {
 
     property var task: null
     property var rows: []
+    property int amount: 1
 
     function openFor(table, row, x, y) {
         var checked = table.checkedRowNumbers()
         task = table.model.at(row)
-        rows = checked.indexOf(row) >= 0 ? checked : [row]
+        rows = task.selected ? checked : [row]
+        amount = task.selected ? theTaskModel.checked_count : 1
         popup(table, x, y)
     }
 
     function counted(what) {
-        return rows.length > 1 ? qsTr("%1选中的%2条").arg(what).arg(rows.length) : what
+        return amount > 1 ? qsTr("%1选中的%2条").arg(what).arg(amount) : what
     }
 
     UxMenuItem {

@@ -14,7 +14,7 @@ UxCheckBoxTableView {
 
     // Another reading of the same page keeps the place and the keyboard where they were.
     function showPage() {
-        menu.active = false  // its rows go
+        menu.source = ""  // its rows go
         var row = theTaskModel.page_reread ? currentRow : -1
         var top = theTaskModel.page_reread ? scrolled() : 0
         var left = theTaskModel.page_reread ? flickableItem.contentX : 0
@@ -47,10 +47,7 @@ UxCheckBoxTableView {
     style: TaskTableStyle {}
     onHeaderClicked: theTaskModel.sortByColumn(title, column)
     onLayoutTouched: keeper.restart()
-    onMenuWanted: {
-        menu.active = true
-        menu.item.openFor(control, row, x, y)
-    }
+    onMenuWanted: menu.wanted({}).openFor(control, row, x, y)
 
     UxTableColumn {
         title: qsTr("序号")
@@ -147,10 +144,9 @@ UxCheckBoxTableView {
         id: plainColumn
         UxTableColumn {}
     }
-    Loader {
+    UxOnDemand {
         id: menu
-        active: false
-        sourceComponent: TaskMenu {}
+        file: Qt.resolvedUrl("TaskMenu.qml")
     }
     // Once the hand rests: a column is told of at each step of a drag.
     Timer {
