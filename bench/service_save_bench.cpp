@@ -101,7 +101,8 @@ public:
             "INSERT INTO task (rid, dept_id, task_id, catalog_id, name, search_name, discloser, plan_disclosure, "
             "updated_by, updated_at) VALUES (?1, 'demo-dept-1', 'task-' || ?1, 'demo-catalog-4', ?3, ?3, 'demo', "
             "1700000000000, 'demo', 1700000000000 + ?1)");
-        m_receiver = prepared("INSERT INTO task_receiver VALUES ('demo-dept-1', ?1, ?2, 'r' || ?2, 'person' || ?2, 0, 0)");
+        m_receiver =
+            prepared("INSERT INTO task_receiver VALUES ('demo-dept-1', ?1, ?2, 'r' || ?2, 'person' || ?2, 0, 0)");
         m_viewport =
             prepared("INSERT INTO task_viewport VALUES ('demo-dept-1', ?1, ?2, 'v' || ?2, 1001, 'view-' || ?2)");
         m_node = prepared("INSERT INTO task_node VALUES ('demo-dept-1', ?1, ?2, 'n' || ?2, 1001, 'node-' || ?2)");

@@ -15,7 +15,7 @@ runtime=(
     qml-module-qtquick2 qml-module-qtquick-window2 qml-module-qtquick-layouts qml-module-qtquick-controls
     qml-module-qtquick-controls2 qml-module-qtquick-templates2 qml-module-qtquick-privatewidgets
     qml-module-qtgraphicaleffects qml-module-qtqml qml-module-qtqml-models2
-    qttranslations5-l10n libgl1-mesa-dri fonts-wqy-microhei fonts-noto-cjk curl
+    qttranslations5-l10n libgl1-mesa-dri fonts-wqy-microhei fonts-noto-cjk fonts-noto-color-emoji curl
 )
 browser=(tigervnc-standalone-server tigervnc-tools novnc websockify icewm x11-utils)
 virtual=(xvfb xauth x11-utils icewm xdotool imagemagick)

@@ -9,7 +9,7 @@ Rectangle {
 
     property alias title: titleBar.title
     // A pop-up waits for an answer.
-    readonly property bool asking: namePopup.visible
+    readonly property bool asking: namePopup.shown
 
     signal signalCatalogOption(variant type, variant data)
     signal signalUpdateNextFolderName()
@@ -64,7 +64,7 @@ Rectangle {
                 onOptionChosen: root.signalCatalogOption(option, "")
                 onNameWanted: namePopup.openFor(option)
                 onMenuClosed: {
-                    if (!namePopup.visible)
+                    if (!namePopup.shown)
                         forceActiveFocus()
                 }
             }
@@ -99,10 +99,19 @@ Rectangle {
         onActivated: theWindow.refresh()
     }
 
-    FolderNamePopup {
+    UxOnDemand {
         id: namePopup
-        onProposalWanted: root.signalUpdateNextFolderName()
-        onNameGiven: root.signalCatalogOption(option, name)
-        onClosed: catalogs.forceActiveFocus()
+
+        readonly property bool shown: item !== null && item.visible
+
+        function openFor(option) {
+            wanted({}, function (made) {
+                made.proposalWanted.connect(root.signalUpdateNextFolderName)
+                made.nameGiven.connect(root.signalCatalogOption)
+                made.closed.connect(function () { if (catalogs) catalogs.forceActiveFocus() })  // it may close with the page
+            }).openFor(option)
+        }
+
+        file: "qrc:/commands/DisclosureManage/ui/task/qml/FolderNamePopup.qml"
     }
 }

@@ -13,6 +13,7 @@
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
 #include "commands/DisclosureManage/ui/Notice.h"
 #include "commands/DisclosureManage/ui/Rights.h"
+#include "commands/DisclosureManage/ui/UserSettings.h"
 #include "commands/DisclosureManage/ui/task/CatalogEditor.h"
 #include "commands/DisclosureManage/ui/task/CatalogTreeModel.h"
 #include "commands/DisclosureManage/ui/task/MainWindowModel.h"
@@ -81,6 +82,7 @@ void DisclosureMgrProvider::build(QWidget* parent, QWidget* mainWindow) {
 
     view->rootContext()->setContextProperty(QStringLiteral("theWindow"), m_window);
     view->rootContext()->setContextProperty(QStringLiteral("theTaskModel"), m_tasks);
+    view->rootContext()->setContextProperty(QStringLiteral("theUserSettings"), new UserSettings(view));
     view->rootContext()->setContextProperty(QStringLiteral("newFileName"), QString());
     m_frame->load(QUrl(QStringLiteral("qrc:/ui/main.qml")));
     connectRootObject();

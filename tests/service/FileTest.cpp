@@ -289,7 +289,7 @@ TEST_F(FileRules, ADatabaseWithoutRoomIsAFullDiskAndNothingStays) {
     auto sql = std::make_unique<soci::session>(soci::sqlite3, "dbname=" + service.file());
     *sql << "PRAGMA max_page_count = 1";  // as many as there are
     std::mutex writers;
-    SqlStore store(std::move(sql), "BEGIN IMMEDIATE", writers);
+    SqlStore store(std::move(sql), "BEGIN IMMEDIATE", writers, [] {});
     PendingFile pending{{FirstDept, std::string(32, 'a')}, std::string(3'000'000, 'n'), "pdf", 1, "demo", 1};
     service.addFile(SecondDept, pending.key.uuid, "x");
     service.run("DELETE FROM stored_file WHERE dept_id = 'demo-dept-2'");

@@ -13,6 +13,8 @@
 #include <QTest>
 #include <QTimer>
 
+#include "tests/support/QuickPilot.h"
+
 namespace support {
 namespace {
 
@@ -122,7 +124,7 @@ QQuickItem* ModalWindow::find(const char* property, const QVariant& value) const
 
 void ModalWindow::click(const QQuickItem* item, Qt::MouseButton button) {
     ASSERT_TRUE(item);
-    QTest::mouseClick(m_view, button, {}, item->mapToScene({item->width() / 2, item->height() / 2}).toPoint());
+    QTest::mouseClick(m_view, button, {}, centreOf(item));
     settle();
 }
 
@@ -132,8 +134,7 @@ void ModalWindow::key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
 }
 
 void ModalWindow::type(const QString& text) {
-    for (const QChar letter : text)
-        QTest::sendKeyEvent(QTest::Click, m_view, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+    support::type(m_view, text);
     settle();
 }
 
@@ -141,9 +142,7 @@ void ModalWindow::compose(const QString& preedit, const QString& committed) {
     ASSERT_TRUE(m_view->focusObject());
     QInputMethodEvent composing(preedit, {});
     QCoreApplication::sendEvent(m_view->focusObject(), &composing);
-    QInputMethodEvent commit;
-    commit.setCommitString(committed);
-    QCoreApplication::sendEvent(m_view->focusObject(), &commit);
+    commit(m_view, committed);
     settle();
 }
 

@@ -41,7 +41,7 @@ inline QQuickItem* findByType(QQuickWindow* window, const QString& type, const I
     });
 }
 
-inline QPoint centreOf(QQuickItem* item) {
+inline QPoint centreOf(const QQuickItem* item) {
     return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
 }
 
@@ -51,13 +51,23 @@ inline void click(QQuickItem* item, Qt::MouseButton button = Qt::LeftButton) {
     QTest::mouseClick(item->window(), button, {}, centreOf(item));
 }
 
+inline void type(QQuickWindow* window, const QString& text) {
+    for (const QChar letter : text)
+        QTest::sendKeyEvent(QTest::Click, window, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+}
+
+/// Text as an input method gives it to the focused field.
+inline void commit(QQuickWindow* window, const QString& text) {
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QCoreApplication::sendEvent(window->focusObject(), &event);
+}
+
 /// Replaces the text of the focused field.
 inline void retype(QQuickWindow* window, const QString& text) {
     QTest::keyClick(window, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(window, Qt::Key_Delete);
-    QInputMethodEvent event;
-    event.setCommitString(text);
-    QCoreApplication::sendEvent(window->focusObject(), &event);
+    commit(window, text);
 }
 
 /// The visible Qt Quick window that has an item passing `test`, or null.

@@ -54,23 +54,43 @@ QVariant ObservableCollectionMeta::data(const QModelIndex& index, int role) cons
     const QObject* object = role > 0 ? objectOf(item) : nullptr;
     if (!object)
         return {};
-    // A class that grows as it is used, as property maps do, stays at its address.
-    if (const QMetaObject* meta = object->metaObject(); meta != m_class || meta->propertyCount() != m_types.size()) {
-        m_class = meta;
-        m_types.clear();
-        for (int i = 0; i < meta->propertyCount(); ++i) {
-            const QMetaProperty property = meta->property(i);
-            m_types.append(property.isReadable() ? property.userType() : QMetaType::UnknownType);
-        }
-    }
-    const int type = m_types.value(role - 1, QMetaType::UnknownType);
-    if (type == QMetaType::UnknownType)
+    // A class that grows as it is used, as property maps do, stays at its address and keeps what it had.
+    if (const QMetaObject* meta = object->metaObject(); meta != m_class || role > m_properties.size())
+        learn(meta);
+    if (role > m_properties.size())
         return {};
-    QVariant value(type, nullptr);
-    int status = -1;
-    void* arguments[] = {type == QMetaType::QVariant ? &value : value.data(), &value, &status};
-    QMetaObject::metacall(const_cast<QObject*>(object), QMetaObject::ReadProperty, role - 1, arguments);
+    const Property& property = m_properties.at(role - 1);
+    if (property.type == QMetaType::QString) {  // most are, and a variant of a text is made at once
+        QString text;
+        property.read(object, &text, nullptr);
+        return text;
+    }
+    if (property.type == QMetaType::UnknownType)
+        return {};
+    QVariant value(property.type, nullptr);
+    property.read(object, property.type == QMetaType::QVariant ? &value : value.data(), &value);
     return value;
+}
+
+void ObservableCollectionMeta::Property::read(const QObject* object, void* value, QVariant* variant) const {
+    auto* target = const_cast<QObject*>(object);
+    int status = -1;
+    void* arguments[] = {value, variant, &status};
+    if (call)
+        call(target, QMetaObject::ReadProperty, index, arguments);
+    else
+        QMetaObject::metacall(target, QMetaObject::ReadProperty, index, arguments);
+}
+
+void ObservableCollectionMeta::learn(const QMetaObject* meta) const {
+    m_class = meta;
+    m_properties.clear();
+    for (int i = 0; i < meta->propertyCount(); ++i) {
+        const QMetaProperty property = meta->property(i);
+        const auto call = property.enclosingMetaObject()->d.static_metacall;
+        m_properties.append({property.isReadable() ? property.userType() : QMetaType::UnknownType,
+                             call ? property.relativePropertyIndex() : i, call});
+    }
 }
 
 void ObservableCollectionMeta::push_front(const QVariant& value) {

@@ -53,10 +53,19 @@ public:
 private:
     void insert(int row, const QVariant& value);
     void forgetClass();
+    void learn(const QMetaObject* meta) const;
 
     QList<QVariant> m_items;  // an object is held as QObject*, whatever its class
-    // The class read last and the types of its properties: asking for them costs more than the reading. Forgotten with
+    // The class read last and how its properties are read: asking for that costs more than the reading. Forgotten with
     // every removal, because a class made by QML goes with its object.
+    struct Property {
+        int type = QMetaType::UnknownType;  // or one that cannot be read
+        int index = -1;
+        void (*call)(QObject*, QMetaObject::Call, int,
+                     void**) = nullptr;  // null where the object itself has to be asked
+
+        void read(const QObject* object, void* value, QVariant* variant) const;
+    };
     mutable const QMetaObject* m_class = nullptr;
-    mutable QVector<int> m_types;
+    mutable QVector<Property> m_properties;
 };

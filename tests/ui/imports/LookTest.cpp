@@ -1,5 +1,8 @@
+#include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 
+#include <QColor>
 #include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
@@ -50,6 +53,34 @@ TEST(ControlModule, EveryPictureNamedInTheTreeIsCompiledIn) {
     }
     EXPECT_TRUE(missing.isEmpty()) << missing.join('\n').toStdString();
     EXPECT_GT(named, 0);
+}
+
+TEST(Theme, TextStandsOutFromEveryGroundThatIsNotGiven) {
+    const Scene scene("Item { property var theme: UxTheme }");
+    const auto luminance = [&](const QString& name) {
+        const auto colour = scene.evaluate("theme." + name).value<QColor>();
+        const auto linear = [](double part) {
+            return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+    };
+    const QString everywhere =
+        "background windowBackground disabledBackground titleBar button menuBackground "
+        "menuHighlight buttonHovered alternateRow checkedRow currentRow tableHeader";
+    const std::pair<const char*, QString> pairs[] = {{"text", everywhere},
+                                                     {"fieldText", everywhere},
+                                                     {"disabledText", everywhere},
+                                                     {"placeholderText", "background"},
+                                                     {"wrong", "background windowBackground"},
+                                                     {"requiredMark", "background windowBackground"}};
+    for (const auto& [text, grounds] : pairs)
+        for (const QString& ground : grounds.split(' ')) {
+            if (QString(text) == "disabledText" && (ground == "menuHighlight" || ground == "buttonHovered"))
+                continue;  // what is disabled is not pointed at
+            const double one = luminance(text) + 0.05;
+            const double other = luminance(ground) + 0.05;
+            EXPECT_GE(std::max(one, other) / std::min(one, other), 4.5) << text << " on " << ground.toStdString();
+        }
 }
 
 TEST(Button, IsPressedByEnterToo) {

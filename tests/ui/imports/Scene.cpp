@@ -8,6 +8,8 @@
 #include <QQmlExpression>
 #include <QTest>
 
+#include "tests/support/QuickPilot.h"
+
 namespace support {
 namespace {
 
@@ -23,10 +25,6 @@ void walk(QQuickItem* item, const std::function<void(QQuickItem*)>& visit) {
     const auto children = item->childItems();
     for (QQuickItem* child : children)
         walk(child, visit);
-}
-
-QPoint middle(const QQuickItem* item) {
-    return item->mapToScene({item->width() / 2, item->height() / 2}).toPoint();
 }
 
 }  // namespace
@@ -98,17 +96,16 @@ QVariant Scene::evaluate(const QString& expression) const {
 }
 
 void Scene::click(const QQuickItem* item) {
-    QTest::mouseClick(&m_window, Qt::LeftButton, {}, middle(item));
+    QTest::mouseClick(&m_window, Qt::LeftButton, {}, centreOf(item));
 }
 
 void Scene::hover(const QQuickItem* item) {
-    QTest::mouseMove(&m_window, middle(item) - QPoint(1, 0));
-    QTest::mouseMove(&m_window, middle(item));
+    QTest::mouseMove(&m_window, centreOf(item) - QPoint(1, 0));
+    QTest::mouseMove(&m_window, centreOf(item));
 }
 
 void Scene::type(const QString& text) {
-    for (const QChar letter : text)
-        QTest::sendKeyEvent(QTest::Click, &m_window, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+    support::type(&m_window, text);
 }
 
 void Scene::press(int key) {

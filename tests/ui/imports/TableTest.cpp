@@ -43,9 +43,9 @@ public:
 constexpr auto imports = "import QtQuick.Controls 1.4\n";
 constexpr auto table =
     "UxCheckBoxTableView { width: 500; height: 300; model: rows; property var seen: []\n"
-    "TableViewColumn { title: '任务名称'; role: 'name'; width: 100 }\n"
-    "TableViewColumn { title: '状态'; role: 'status'; width: 100 }\n"
-    "Component { id: extra; TableViewColumn { title: '更新人'; role: 'name'; width: 80 } }\n"
+    "UxTableColumn { title: '任务名称'; role: 'name'; width: 100 }\n"
+    "UxTableColumn { title: '状态'; role: 'status'; width: 100 }\n"
+    "Component { id: extra; UxTableColumn { title: '更新人'; role: 'name'; width: 80 } }\n"
     "onHeaderClicked: seen.push(column + title); onClicked: seen.push('clicked')\n"
     "onDoubleClicked: seen.push('double ' + row); onActivated: seen.push('activated ' + row) }";
 
@@ -58,6 +58,14 @@ protected:
         ASSERT_TRUE(QTest::qWaitFor([&] { return scene.texts().count("待交底") == 3; }));
     }
     int selectAllState() { return scene.evaluate("selectAllState").toInt(); }
+    void drag(QPoint from, QPoint to) {
+        QTest::mouseMove(&scene.window(), from);
+        QTest::mousePress(&scene.window(), Qt::LeftButton, {}, from);
+        for (int step = 1; step <= 8; ++step)
+            QTest::mouseMove(&scene.window(), from + (to - from) * step / 8);
+        QTest::mouseRelease(&scene.window(), Qt::LeftButton, {}, to);
+        QTest::qWait(0);
+    }
     void clickAt(int x, int y) { QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, {x, y}); }
 };
 
@@ -89,6 +97,10 @@ TEST_F(TableTest, CountsChecksThroughRowsThatComeAndGo) {
     for (int row = 0; row < 3; ++row)
         rows.at(row)->setProperty("selected", true);
     EXPECT_EQ(selectAllState(), Qt::Checked);
+    Rows same({"甲", "乙", "丙"});
+    same.at(0)->setProperty("selected", true);
+    scene.root()->setProperty("model", QVariant::fromValue<QObject*>(&same));
+    EXPECT_EQ(selectAllState(), Qt::PartiallyChecked) << "one of as many rows as before";
     Rows other({});
     scene.root()->setProperty("model", QVariant::fromValue<QObject*>(&other));
     EXPECT_EQ(selectAllState(), Qt::Unchecked);
@@ -116,6 +128,57 @@ TEST_F(TableTest, ColumnsCountWithoutTheCheckBoxes) {
     EXPECT_GT(arrows.first()->mapToScene({}).x(), 215);
 }
 
+TEST_F(TableTest, ColumnsAreResizedFittedAndDraggedWithTheirArrow) {
+    scene.evaluate("sortColumn = 0");
+    const auto widths = [&] { return scene.evaluate("getColumn(1).width + ' ' + getColumn(2).width"); };
+    const auto titles = [&] { return scene.evaluate("getColumn(1).title + getColumn(2).title"); };
+    const auto arrowAt = [&] {
+        const auto arrows = scene.items([](QQuickItem* item) {
+            return item->isVisible() && item->property("source").toString().contains("sort/ascending");
+        });
+        return arrows.isEmpty() ? -1 : arrows.first()->mapToScene({}).x();
+    };
+    drag({134, header}, {174, header});
+    EXPECT_EQ(widths(), "140 100");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return arrowAt() > 140; }));
+    QTest::mouseDClick(&scene.window(), Qt::LeftButton, {}, {174, header});
+    const int fitted = scene.evaluate("getColumn(1).width").toInt();
+    EXPECT_TRUE(fitted > 50 && fitted < 100) << fitted;
+    EXPECT_EQ(scene.evaluate("seen.length"), 0) << "a border sorts nothing";
+
+    drag({60, header}, {60 + fitted + 60, header});
+    EXPECT_EQ(titles(), "状态任务名称");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return arrowAt() > 135; })) << "the arrow goes with its column";
+    clickAt(60, header);
+    EXPECT_EQ(scene.evaluate("seen.join()"), "1状态") << "a column keeps its number";
+    drag({60, header}, {10, header});
+    EXPECT_EQ(titles(), "状态任务名称") << "nothing goes before the check boxes";
+    QTest::mouseDClick(&scene.window(), Qt::LeftButton, {}, {134, header});
+    EXPECT_LT(scene.evaluate("getColumn(1).width").toInt(), 100) << "its own cells are measured";
+}
+
+TEST_F(TableTest, OneToolTipOpensUnderARestingMouseAndGoesWithIt) {
+    const QString longName(30, QChar(u'名'));
+    const QStringList names{longName + "1", longName + "2", longName + "3"};
+    const auto tips = [&] { return scene.texts().filter(longName).size() - names.size(); };
+    for (const int row : {firstRow, secondRow}) {
+        Rows some(names);
+        QTest::mouseMove(&scene.window(), {nameColumn, row});
+        for (int reading = 0; reading < 3; ++reading) {
+            scene.root()->setProperty("model", QVariant());
+            scene.root()->setProperty("model", QVariant::fromValue<QObject*>(&some));
+            EXPECT_TRUE(QTest::qWaitFor([&] { return tips() >= 0; }));
+        }
+        QTest::mouseMove(&scene.window(), {nameColumn + 1, row});
+        EXPECT_EQ(tips(), 0) << "it takes its time";
+        EXPECT_FALSE(QTest::qWaitFor([&] { return tips() > 1; }, 600)) << row;
+        EXPECT_EQ(tips(), 1) << row;
+        QTest::mouseMove(&scene.window(), {nameColumn, 250});
+        EXPECT_TRUE(QTest::qWaitFor([&] { return tips() == 0; })) << row;
+        scene.root()->setProperty("model", QVariant());
+    }
+}
+
 TEST_F(TableTest, ACutTitleIsShownWholeUnderTheMouse) {
     const auto titles = [&] { return scene.texts().count("任务名称"); };
     QTest::mouseMove(&scene.window(), {nameColumn, header});
@@ -130,7 +193,7 @@ TEST(Table, PlainValuesAreShownAsTheyAre) {
     ObservableCollection<QString> names;
     names.append("甲");
     names.append("乙");
-    const Scene scene("UxTableView { width: 300; height: 200; model: rows; TableViewColumn { role: 'item' } }",
+    const Scene scene("UxTableView { width: 300; height: 200; model: rows; UxTableColumn { role: 'item' } }",
                       {{"rows", QVariant::fromValue<QObject*>(&names)}}, imports);
     EXPECT_TRUE(QTest::qWaitFor([&] { return scene.texts().contains("甲") && scene.texts().contains("乙"); }));
 }

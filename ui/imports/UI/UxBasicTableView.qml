@@ -11,8 +11,20 @@ BasicTableView {
     property color headerColor: UxTheme.tableHeader
     property color borderColor: UxTheme.border
     property int rowHeight: UxTheme.tableRowHeight
-    property int __sortColumn: sortIndicatorVisible ? sortIndicatorColumn : -1
-    property bool __sortAscending: sortIndicatorOrder === Qt.AscendingOrder
+    readonly property alias layout: columns
+
+    // Columns were resized or dragged.
+    signal layoutTouched()
+
+    function touchLayout() {
+        layoutTouched()
+    }
+
+    // Whether the arrow stands in this column of the header, and where it points.
+    function sortedAt(position) {
+        return sortIndicatorVisible && position === sortIndicatorColumn
+    }
+    property bool sortedUp: sortIndicatorOrder === Qt.AscendingOrder
 
     alternatingRowColors: true
     headerVisible: true
@@ -27,7 +39,35 @@ BasicTableView {
         __listView.focus = true
     }
 
-    Component.onCompleted: __placeFocus()
+    Component.onCompleted: {
+        columns.defined = columns.shown()
+        __placeFocus()
+    }
+
+    // One arrow, in the header of the column that is sorted by.
+    Image {
+        readonly property Item header: {
+            var headers = control.__listView.headerItem ? control.__listView.headerItem.headerRow.children : []
+            for (var i = 0; i < headers.length; ++i)
+                if (headers[i].column !== undefined && control.sortedAt(headers[i].column))
+                    return headers[i]
+            return null
+        }
+
+        parent: header
+        anchors.right: parent ? parent.right : undefined
+        anchors.verticalCenter: parent ? parent.verticalCenter : undefined
+        visible: header !== null
+        width: UxTheme.smallIconSize
+        height: UxTheme.smallIconSize
+        source: header === null ? "" : control.sortedUp ? "qrc:/ui/Images/sort/ascending.png"
+                                                        : "qrc:/ui/Images/sort/descending.png"
+    }
+
+    readonly property QtObject __columnLayout: UxColumnLayout {
+        id: columns
+        view: control
+    }
 
     __itemDelegateLoader: TableViewItemDelegateLoader {
         __style: control.__style

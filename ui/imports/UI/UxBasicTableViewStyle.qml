@@ -13,24 +13,21 @@ ScrollViewStyle {
     property bool activateItemOnSingleClick: false
 
     property Component headerDelegate: UxTableHeader {
+        readonly property int position: styleData.column
+
         text: styleData.value
         hovered: styleData.containsMouse
         color: control.headerColor
         borderColor: control.cellBorderColor
-        sorted: styleData.column >= 0 && styleData.column === control.__sortColumn
-        ascending: control.__sortAscending
+        sorted: styleData.column >= 0 && control.sortedAt(styleData.column)
         Accessible.role: Accessible.ColumnHeader
         Accessible.name: styleData.value
+        onPositionChanged: control.touchLayout()
     }
     property Component rowDelegate: Rectangle {
         height: control.rowHeight
         color: styleData.selected ? UxTheme.selection
                                   : styleData.alternate ? style.alternateBackgroundColor : style.backgroundColor
-
-        UxFocusFrame {
-            anchors.margins: 0
-            shown: control.activeFocus && styleData.row !== undefined && styleData.row === control.__currentRow
-        }
     }
     // A row's object in the role "item" is read itself, so that the cell follows its change signals; a plain value there
     // is shown as it is.
@@ -47,11 +44,8 @@ ScrollViewStyle {
 
     incrementControl: null
     decrementControl: null
-    handle: UxScrollHandle { hovered: styleData.hovered || styleData.pressed }
-    scrollBarBackground: Item {
-        implicitWidth: UxTheme.scrollBarWidth
-        implicitHeight: UxTheme.scrollBarWidth
-    }
+    handle: UxScrollHandle {}
+    scrollBarBackground: UxScrollGround {}
     corner: Item {}
     frame: Rectangle {
         visible: control.frameVisible

@@ -16,13 +16,11 @@ Rectangle {
     signal picked(string text)
 
     function openCalendar() {
-        if (!editable)
-            return
-        calendar.active = true
-        calendar.item.open()
+        if (editable)
+            calendar.open()
     }
 
-    implicitWidth: 110
+    implicitWidth: label.implicitWidth + label.anchors.leftMargin + label.anchors.rightMargin
     implicitHeight: UxTheme.tableRowHeight
     color: UxTheme.transparent
     activeFocusOnTab: editable
@@ -34,7 +32,8 @@ Rectangle {
     Keys.onReturnPressed: openCalendar()
     Keys.onEnterPressed: openCalendar()
 
-    UxToolTipText {
+    UxTipText {
+        id: label
         anchors.fill: parent
         anchors.leftMargin: 6
         anchors.rightMargin: icon.width + 6
@@ -52,25 +51,20 @@ Rectangle {
         visible: control.editable && (area.containsMouse || control.activeFocus)
         source: "qrc:/ui/Images/calendar.png"
     }
-    MouseArea {
+    UxHoverArea {
         id: area
         anchors.fill: parent
         acceptedButtons: control.editable ? Qt.LeftButton : Qt.NoButton
-        hoverEnabled: true
         onClicked: control.openCalendar()
     }
     UxFocusFrame { shown: control.activeFocus }
 
-    // Made on demand: a table shows dozens of these cells.
-    Loader {
+    UxCalendarOpener {
         id: calendar
-        active: false
-        sourceComponent: UxCalendarPopup {
-            parent: control
-            value: control.value
-            minimumDate: control.minimumDate
-            maximumDate: control.maximumDate
-            onPicked: control.picked(text)
-        }
+        field: control
+        value: control.value
+        minimumDate: control.minimumDate
+        maximumDate: control.maximumDate
+        onPicked: control.picked(text)
     }
 }

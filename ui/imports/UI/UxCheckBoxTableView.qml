@@ -3,7 +3,7 @@ import QtQuick.Controls 1.4
 import "."
 
 // A table with a leading column of check boxes and a box in the header that checks all rows. Outside, columns count
-// from 0 without the check-box column: in insertColumnAt(), sortColumn and headerClicked().
+// from 0 without the check-box column and as the program placed them: in insertColumnAt(), sortColumn and headerClicked().
 UxTableView {
     id: control
 
@@ -22,6 +22,7 @@ UxTableView {
 
     function insertColumnAt(position, column) {
         var inserted = insertColumn(position + 1, column)
+        layout.define(position + 1, inserted)
         __placeFocus()
         return inserted
     }
@@ -39,13 +40,16 @@ UxTableView {
         return numbers
     }
 
-    function __headerTapped(column, title) {
-        if (column > 0)
-            headerClicked(column - 1, title)
+    function tapHeader(number, title) {
+        if (number > 0)
+            headerClicked(number - 1, title)
     }
 
-    __sortColumn: sortColumn >= 0 ? sortColumn + 1 : -1
-    __sortAscending: sortAscending
+    function sortedAt(position) {
+        return sortColumn >= 0 && layout.numberAt(position) === sortColumn + 1
+    }
+
+    sortedUp: sortAscending
     Keys.onSpacePressed: if (currentRow >= 0) checkedRows.check(currentRow, !checkedRows.isChecked(currentRow))
 
     UxCheckedRows {

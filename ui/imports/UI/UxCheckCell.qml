@@ -19,10 +19,10 @@ Item {
         anchors.centerIn: parent
         hovered: area.containsMouse
     }
-    MouseArea {
+    UxHoverArea {
         id: area
         anchors.fill: parent
-        hoverEnabled: true
+        acceptedButtons: Qt.LeftButton
         onClicked: cell.toggled()
     }
 }

@@ -7,8 +7,11 @@ Instantiator {
 
     property string role: "selected"
     property int checkedCount: 0
+    // Counted here: where a model of as many rows takes the place of another, the base does not tell that its count was
+    // smaller in between.
+    property int rowCount: 0
     readonly property int checkState: checkedCount === 0 ? Qt.Unchecked
-                                                         : checkedCount < count ? Qt.PartiallyChecked : Qt.Checked
+                                                         : checkedCount < rowCount ? Qt.PartiallyChecked : Qt.Checked
 
     function check(row, on) {
         var entry = objectAt(row)
@@ -46,5 +49,9 @@ Instantiator {
         onCheckedChanged: count(checked)
         Component.onCompleted: count(checked)
     }
-    onObjectRemoved: object.count(false)
+    onObjectAdded: ++rowCount
+    onObjectRemoved: {
+        --rowCount
+        object.count(false)
+    }
 }

@@ -10,6 +10,11 @@ ComboBox {
     property string placeholderText: ""
     property int popupMaxHeight: 10000
 
+    function openList() {
+        if (!__popup.__popupVisible)
+            __popup.toggleShow()
+    }
+
     implicitHeight: UxTheme.fieldHeight
     activeFocusOnPress: true
 
@@ -26,7 +31,7 @@ ComboBox {
         background: Rectangle {
             implicitWidth: 100
             implicitHeight: UxTheme.fieldHeight
-            color: UxTheme.background
+            color: control.enabled ? UxTheme.background : UxTheme.disabledBackground
             border.color: control.activeFocus || control.pressed ? UxTheme.fieldBorderFocused : UxTheme.border
 
             Image {
@@ -44,7 +49,7 @@ ComboBox {
                 anchors.rightMargin: 24
                 verticalAlignment: Text.AlignVCenter
                 elide: Text.ElideRight
-                color: UxTheme.placeholderText
+                color: control.enabled ? UxTheme.placeholderText : UxTheme.disabledText
                 visible: control.editable ? control.editText === "" : control.currentIndex < 0
                 text: box.placeholderText
             }

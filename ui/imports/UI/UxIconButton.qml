@@ -16,11 +16,13 @@ Button {
     property color hoveredColor: UxTheme.iconButtonActive
     property color disabledColor: UxTheme.iconButtonDisabled
     property string tooltipText: ""
+    readonly property string shownTip: hovered ? tooltipText : ""
 
     implicitWidth: 32
     implicitHeight: 32
     padding: 0
     hoverEnabled: true
+    onShownTipChanged: UxToolTips.show(control, shownTip, false)
     Accessible.name: text !== "" ? text : tooltipText
 
     Keys.onReturnPressed: clicked()
@@ -43,16 +45,7 @@ Button {
         color: !control.enabled ? control.disabledColor
                                 : control.pressed ? control.pressedColor
                                                   : control.hovered ? control.hoveredColor : UxTheme.transparent
-
-        UxFocusFrame { shown: control.visualFocus }
-    }
-
-    Loader {
-        active: control.hovered && control.tooltipText !== ""
-        sourceComponent: UxToolTip {
-            parent: control
-            text: control.tooltipText
-            visible: true
-        }
+        border.width: control.visualFocus ? 1 : 0
+        border.color: UxTheme.focusFrame
     }
 }

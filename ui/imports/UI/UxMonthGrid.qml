@@ -50,7 +50,8 @@ Grid {
             UxText {
                 anchors.centerIn: parent
                 text: parent.day.getDate()
-                color: !parent.allowed ? UxTheme.border
+                font.strikeout: !parent.allowed
+                color: !parent.allowed ? UxTheme.disabledText
                                        : parent.isChosen ? UxTheme.selectedText
                                                          : parent.day.getMonth() === grid.current.getMonth()
                                                            ? UxTheme.text : UxTheme.placeholderText

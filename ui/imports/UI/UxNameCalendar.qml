@@ -20,7 +20,7 @@ Item {
 
     // The user chose, typed or cleared a date.
     signal picked(string text)
-    // What was typed has been put back.
+    // What was typed cannot be taken.
     signal refused(string why)
 
     implicitWidth: leftSpace + calendarSpace + field.implicitWidth + rightSpace

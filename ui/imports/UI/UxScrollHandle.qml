@@ -1,9 +1,9 @@
 import QtQuick 2.12
 import "."
 
-// The handle of a scroll bar; the bar itself is only the space it moves in.
+// The handle of a scroll bar. The styles of Controls 1 tell it by styleData that the mouse is on it.
 Item {
-    property bool hovered: false
+    property bool hovered: typeof styleData !== "undefined" && (styleData.hovered || styleData.pressed)
 
     implicitWidth: UxTheme.scrollBarWidth
     implicitHeight: UxTheme.scrollBarWidth

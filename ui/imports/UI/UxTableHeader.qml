@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import "."
 
-// The header of one column.
+// The header of one column; where the table is sorted by it there is room for the arrow.
 Rectangle {
     id: header
 
@@ -9,25 +9,16 @@ Rectangle {
     property alias hovered: label.hovered
     property color borderColor: UxTheme.cellBorder
     property bool sorted: false
-    property bool ascending: true
 
     height: UxTheme.tableRowHeight
     implicitWidth: label.implicitWidth + 12
 
-    UxToolTipText {
+    UxTipText {
         id: label
         anchors.fill: parent
         anchors.leftMargin: 6
         anchors.rightMargin: header.sorted ? UxTheme.smallIconSize : 6
         horizontalAlignment: Text.AlignHCenter
-    }
-    Image {
-        anchors.right: parent.right
-        anchors.verticalCenter: parent.verticalCenter
-        visible: header.sorted
-        width: UxTheme.smallIconSize
-        height: UxTheme.smallIconSize
-        source: header.ascending ? "qrc:/ui/Images/sort/ascending.png" : "qrc:/ui/Images/sort/descending.png"
     }
     Rectangle {
         anchors.right: parent.right

@@ -30,6 +30,7 @@ MouseArea {
     width: table.__listView.width
     height: table.__listView.height
     z: -1
+    acceptedButtons: Qt.LeftButton | Qt.RightButton
     propagateComposedEvents: true
     preventStealing: true
 
@@ -51,12 +52,14 @@ MouseArea {
     onClicked: {
         if (rowUnder(mouse) < 0)
             return
+        if (mouse.button === Qt.RightButton)
+            return table.menuWanted(rowUnder(mouse), mouse.x, mouse.y)
         if (table.__activateItemOnSingleClick)
             table.activated(rowUnder(mouse))
         table.clicked()
     }
     onDoubleClicked: {
-        if (rowUnder(mouse) < 0)
+        if (rowUnder(mouse) < 0 || mouse.button !== Qt.LeftButton)
             return
         if (!table.__activateItemOnSingleClick)
             table.activated(rowUnder(mouse))
@@ -69,6 +72,11 @@ MouseArea {
     Keys.onDownPressed: showRow(table.currentRow + 1)
     Keys.onReturnPressed: if (table.currentRow >= 0) table.activated(table.currentRow)
     Keys.onEnterPressed: if (table.currentRow >= 0) table.activated(table.currentRow)
+    Keys.onMenuPressed: {
+        var row = table.__listView.currentItem
+        if (row)
+            table.menuWanted(table.currentRow, 40, row.mapToItem(area, 0, row.height).y)
+    }
     Keys.onPressed: {
         var page = Math.max(1, Math.floor(table.__listView.height / table.rowHeight) - 1)
         event.accepted = true

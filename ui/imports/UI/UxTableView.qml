@@ -17,7 +17,9 @@ UxBasicTableView {
     signal clicked()
     signal doubleClicked(int row)
     signal pressAndHold(int row)
-    // A click on a column's header.
+    // A click with the right button, at a place in the table, or the menu key.
+    signal menuWanted(int row, real x, real y)
+    // A click on a column's header. A column keeps its number wherever it is dragged.
     signal headerClicked(int column, string title)
 
     function rowAt(x, y) {
@@ -40,28 +42,26 @@ UxBasicTableView {
     __mouseArea: UxTableMouse { table: control }
     onModelChanged: currentRow = -1
 
+    UxRowFrame { view: control }
+
     // The list would pass the keyboard on to the control inside it that had it last.
     Item {
         id: rowKeys
         parent: control.__listView
     }
 
-    // Sees the clicks on the header without taking them from its resize handles.
-    Item {
-        parent: control.__listView.headerItem
-        anchors.fill: parent
-        z: 1
-        TapHandler {
-            onTapped: {
-                var column = control.__listView.columnAt(eventPoint.position.x)
-                var shown = column >= 0 ? control.getColumn(column) : null
-                if (shown)
-                    control.__headerTapped(column, shown.title)
-            }
-        }
+    // The base answers a click on a header by moving its sort indicator there; anything laid over the header to see the
+    // clicks would take the presses from its borders. An indicator that is shown is left to the base.
+    sortIndicatorColumn: -1
+    onSortIndicatorColumnChanged: {
+        var position = sortIndicatorColumn
+        if (sortIndicatorVisible || position < 0)
+            return
+        sortIndicatorColumn = -1
+        tapHeader(layout.numberAt(position), getColumn(position).title)
     }
 
-    function __headerTapped(column, title) {
-        headerClicked(column, title)
+    function tapHeader(number, title) {
+        headerClicked(number, title)
     }
 }

@@ -51,11 +51,8 @@ TextArea {
         renderType: Text.NativeRendering
         incrementControl: null
         decrementControl: null
-        handle: UxScrollHandle { hovered: styleData.hovered || styleData.pressed }
-        scrollBarBackground: Item {
-            implicitWidth: UxTheme.scrollBarWidth
-            implicitHeight: UxTheme.scrollBarWidth
-        }
+        handle: UxScrollHandle {}
+        scrollBarBackground: UxScrollGround {}
         frame: Rectangle {
             color: UxTheme.background
             border.color: area.activeFocus ? UxTheme.fieldBorderFocused : UxTheme.border

@@ -6,10 +6,13 @@ import "."
 TextField {
     id: control
 
+    // What is typed cannot be taken as it is.
+    property bool marked: false
+
     font.family: UxTheme.fontFamily
     font.pixelSize: UxTheme.fontSize
     color: enabled ? UxTheme.fieldText : UxTheme.disabledText
-    placeholderTextColor: UxTheme.placeholderText
+    placeholderTextColor: enabled ? UxTheme.placeholderText : UxTheme.disabledText
     selectionColor: UxTheme.selection
     selectedTextColor: UxTheme.selectedText
     implicitWidth: UxTheme.fieldWidth
@@ -22,8 +25,8 @@ TextField {
     selectByMouse: true
 
     background: Rectangle {
-        color: UxTheme.background
+        color: control.enabled ? UxTheme.background : UxTheme.disabledBackground
         border.width: 1
-        border.color: control.activeFocus ? UxTheme.fieldBorderFocused : UxTheme.border
+        border.color: control.marked ? UxTheme.wrong : control.activeFocus ? UxTheme.fieldBorderFocused : UxTheme.border
     }
 }

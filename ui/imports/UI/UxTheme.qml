@@ -9,13 +9,15 @@ QtObject {
 
     readonly property color text: "#333333"
     readonly property color fieldText: "#515151"
-    readonly property color disabledText: "#a6a6a6"
-    readonly property color placeholderText: "#9a9a9a"
-    readonly property color requiredMark: "#e04040"
+    readonly property color disabledText: "#6a6a6a"
+    readonly property color placeholderText: "#737373"
+    readonly property color requiredMark: "#d03030"
+    readonly property color wrong: "#d03030"
     readonly property color selection: "#3399ff"
     readonly property color selectedText: "white"
 
     readonly property color background: "white"
+    readonly property color disabledBackground: "#f3f3f3"
     readonly property color windowBackground: "#fafafa"
     readonly property color windowBorder: "#BFBFBF"
     readonly property color frame: "#204272"
@@ -69,6 +71,7 @@ QtObject {
     readonly property color runningStatus: "blue"
     readonly property color doneStatus: "black"
     readonly property color openStatus: "red"
+    readonly property color released: "#2f8f46"
     readonly property color gridBorder: "red"
     readonly property int tableRowHeight: 30
     readonly property int checkBoxColumnWidth: 35

@@ -1,34 +1,13 @@
 import QtQuick 2.12
 import "."
 
-// Text that shows itself whole in a tool tip while the mouse is over it and it is cut.
-UxText {
-    id: control
+// Text that shows itself whole in a tool tip while the mouse is over it and it is cut. Where something that takes the
+// hovering lies above it, that has to set `hovered`.
+UxTipText {
+    hovered: area.containsMouse
 
-    property string toolTipText: text
-    // Where something that takes the hovering lies above the text, that has to tell it.
-    property bool hovered: area.containsMouse
-    property bool tooltipVisible: truncated && text !== ""
-    property bool wrapText: false
-
-    elide: Text.ElideRight
-    verticalAlignment: Text.AlignVCenter
-
-    MouseArea {
+    UxHoverArea {
         id: area
         anchors.fill: parent
-        acceptedButtons: Qt.NoButton
-        hoverEnabled: true
-    }
-
-    // Made on demand: a table holds hundreds of these texts and shows one tool tip at most.
-    Loader {
-        active: control.hovered && control.tooltipVisible
-        sourceComponent: UxToolTip {
-            parent: control
-            text: control.toolTipText
-            wrapText: control.wrapText
-            visible: true
-        }
     }
 }

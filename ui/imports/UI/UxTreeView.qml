@@ -23,7 +23,11 @@ TreeView {
     property int rowHeight: UxTheme.treeRowHeight
     // What the default delegate shows.
     property string textProperty: "nodeName"
+    readonly property Item currentItem: __listView.currentItem
     readonly property var currentIndex: current.revision, selection.currentIndex
+
+    // A press of the right button on a row.
+    signal menuWanted(var index, real x, real y)
 
     function mayExpand(depth) {
         return maxDepth < 0 || depth < maxDepth
@@ -63,6 +67,18 @@ TreeView {
         resizable: false
         width: control.columnWidth
     }
+
+    MouseArea {
+        parent: control.viewport
+        anchors.fill: parent
+        acceptedButtons: Qt.RightButton
+        onPressed: {
+            var index = control.indexAt(mouse.x, mouse.y)
+            if (index.valid)
+                control.menuWanted(index, mouse.x, mouse.y)
+        }
+    }
+    UxRowFrame { view: control }
 
     readonly property QtObject __sync: UxTreeSync {
         id: sync

@@ -15,11 +15,8 @@ TreeViewStyle {
     scrollToClickedPosition: true
     incrementControl: null
     decrementControl: null
-    handle: UxScrollHandle { hovered: styleData.hovered || styleData.pressed }
-    scrollBarBackground: Item {
-        implicitWidth: UxTheme.scrollBarWidth
-        implicitHeight: UxTheme.scrollBarWidth
-    }
+    handle: UxScrollHandle {}
+    scrollBarBackground: UxScrollGround {}
     frame: Rectangle {
         visible: control.hasBorder
         color: control.backgroundColor
@@ -28,11 +25,6 @@ TreeViewStyle {
     rowDelegate: Rectangle {
         height: control.rowHeight
         color: styleData.selected && control.rowSelection ? UxTheme.selection : control.backgroundColor
-
-        UxFocusFrame {
-            anchors.margins: 0
-            shown: control.activeFocus && styleData.row !== undefined && styleData.row === control.__currentRow
-        }
     }
     itemDelegate: Rectangle {
         readonly property int implicitWidth: label.implicitWidth + 8

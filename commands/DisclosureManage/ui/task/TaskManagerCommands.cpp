@@ -58,18 +58,23 @@ QVector<TaskModel*> TaskManagerViewModel::rows(const QVariantList& cData) const 
 
 QVector<TaskManagerViewModel::Picked> TaskManagerViewModel::picked(const QVariantList& cData) const {
     QVector<Picked> tasks;
-    for (const TaskModel* task : rows(cData))
+    bool isOfChecked = true;
+    for (const TaskModel* task : rows(cData)) {
         tasks.append({task->id(), task->catalogid(), task->name()});
-    for (const Picked& task : m_checkedElsewhere)
-        tasks.append(task);
+        isOfChecked = isOfChecked && task->selected();
+    }
+    if (isOfChecked)  // a row that is not checked is meant alone, as by its menu
+        for (const Picked& task : m_checkedElsewhere)
+            tasks.append(task);
     return tasks;
 }
 
 QString TaskManagerViewModel::amountOf(const QVector<Picked>& tasks) const {
     const QString amount =
         tasks.size() == 1 ? tr("任务“%1”").arg(tasks.first().name) : tr("共%1个任务").arg(tasks.size());
-    return m_checkedElsewhere.isEmpty() ? amount
-                                        : tr("%1，其中%2个在其他页").arg(amount).arg(m_checkedElsewhere.size());
+    const auto elsewhere = std::count_if(tasks.begin(), tasks.end(),
+                                         [this](const Picked& task) { return m_checkedElsewhere.contains(task.id); });
+    return elsewhere == 0 ? amount : tr("%1，其中%2个在其他页").arg(amount).arg(elsewhere);
 }
 
 void TaskManagerViewModel::AddTask() {

@@ -125,7 +125,7 @@ public slots:
     void firstPage();
     void lastPage();
 
-    // cData holds row numbers of the page; the checked tasks of other pages belong to it.
+    // cData holds row numbers of the page; the checked tasks of other pages belong to it, unless a row is not checked.
     void AddTask();
     void ModifyTask(TaskModel* pTask);
     void onClickRemind();
@@ -226,7 +226,7 @@ private:
     void showPage(const DISCLOSUREPACKAGE::TaskQuery& query, const std::vector<DISCLOSUREPACKAGE::TaskRecord>& tasks,
                   bool reread = false);
     QVector<TaskModel*> rows(const QVariantList& cData) const;
-    /// The tasks of `rows`, then the checked ones of other pages.
+    /// The tasks of `rows`; where all of them are checked, also the checked ones of other pages.
     QVector<Picked> picked(const QVariantList& cData) const;
     /// How many they are, and how many of them are out of sight.
     QString amountOf(const QVector<Picked>& tasks) const;

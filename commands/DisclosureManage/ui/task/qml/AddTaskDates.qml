@@ -4,7 +4,20 @@ import UI 1.0
 
 // The dates of the task. Construction cannot be made to end before it starts.
 GridLayout {
+    id: dates
+
     property real captionSpace: 0
+
+    // False, with the keyboard in the first such field, while what was typed is no date that could be saved.
+    function settled() {
+        for (var i = 0; i < children.length; ++i)
+            if (children[i].field.wrong !== "") {
+                children[i].field.forceActiveFocus()
+                children[i].field.tell()
+                return false
+            }
+        return true
+    }
 
     columns: 2
     columnSpacing: 30
@@ -13,7 +26,7 @@ GridLayout {
         Layout.fillWidth: true
         Layout.preferredWidth: 1
         name: qsTr("施工开始日期：")
-        calendarSpace: captionSpace
+        calendarSpace: dates.captionSpace
         value: addTaskModel.constStartDate
         maximumDate: addTaskModel.constEndDate
         onPicked: addTaskModel.constStartDate = text
@@ -23,7 +36,7 @@ GridLayout {
         Layout.fillWidth: true
         Layout.preferredWidth: 1
         name: qsTr("施工结束日期：")
-        calendarSpace: captionSpace
+        calendarSpace: dates.captionSpace
         value: addTaskModel.constEndDate
         minimumDate: addTaskModel.constStartDate
         onPicked: addTaskModel.constEndDate = text
@@ -33,7 +46,7 @@ GridLayout {
         Layout.fillWidth: true
         Layout.preferredWidth: 1
         name: qsTr("计划交底日期：")
-        calendarSpace: captionSpace
+        calendarSpace: dates.captionSpace
         value: addTaskModel.planDate
         onPicked: addTaskModel.planDate = text
         onRefused: addTaskModel.onDateRefused(why)
@@ -43,7 +56,7 @@ GridLayout {
         Layout.preferredWidth: 1
         name: qsTr("截止日期：")
         mustfill: true
-        calendarSpace: captionSpace
+        calendarSpace: dates.captionSpace
         value: addTaskModel.endDate
         onPicked: addTaskModel.endDate = text
         onRefused: addTaskModel.onDateRefused(why)

@@ -38,7 +38,7 @@ Item {
                 clip: true
                 activeFocusOnTab: true
                 boundsBehavior: Flickable.StopAtBounds
-                ScrollBar.vertical: SlimScrollBar {}
+                ScrollBar.vertical: UxScrollBar {}
                 model: addTaskModel.connectdoclist
                 currentIndex: -1
                 Accessible.role: Accessible.List

@@ -1,19 +1,11 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.12
 import UI 1.0
 
 // The context menu of the catalog tree.
-Menu {
+UxMenu {
     id: menu
 
     property var pane
-
-    background: Rectangle {
-        implicitWidth: 100
-        implicitHeight: 40
-        color: UxTheme.menuBackground
-        border.color: UxTheme.menuBorder
-    }
 
     UxMenuItem {
         text: qsTr("新建")

@@ -30,13 +30,17 @@ FocusScope {
         return ids
     }
 
+    function openMenu(item, x, y) {
+        menu.wanted({ pane: pane }, function (made) { made.closed.connect(menuClosed) }).popup(item, x, y)
+    }
+
     // The top catalog is open from the start: alone it would tell nothing.
     function showDefault() {
         tree.expand(theModel.defaultIndex)
         tree.select(theModel.defaultIndex)
     }
 
-    Keys.onMenuPressed: menu.popup(tree.__listView.currentItem || tree, tree.indentation, tree.rowHeight)
+    Keys.onMenuPressed: openMenu(tree.currentItem || tree, tree.indentation, tree.rowHeight)
     Keys.onPressed: {
         var action = event.key === Qt.Key_Insert && theModel.newBuildEnable ? create
                    : !theModel.nodeOperEnable ? null
@@ -79,11 +83,10 @@ FocusScope {
                 selectionMode: SelectionMode.SingleSelection
                 model: theModel
                 Accessible.name: qsTr("交底目录")
-                itemDelegate: CatalogRow {
-                    onMenuWanted: {
-                        tree.select(index)
-                        menu.popup(row, x, y)
-                    }
+                itemDelegate: CatalogRow {}
+                onMenuWanted: {
+                    select(index)
+                    pane.openMenu(tree, x, y)
                 }
                 onCurrentIndexChanged: theModel.currentIndex = currentIndex
                 Component.onCompleted: {
@@ -106,10 +109,9 @@ FocusScope {
         }
     }
 
-    CatalogMenu {
+    UxOnDemand {
         id: menu
-        pane: pane
-        onClosed: pane.menuClosed()
+        file: Qt.resolvedUrl("CatalogMenu.qml")
     }
 
     // Another reading of the catalogs leaves open what was open, and the place.

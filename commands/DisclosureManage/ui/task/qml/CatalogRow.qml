@@ -6,8 +6,6 @@ Rectangle {
     readonly property string name: styleData.value ? styleData.value.nodeDisName : ""
     property bool whiteWhenSelected: true
 
-    signal menuWanted(var index, var row, real x, real y)
-
     color: styleData.selected ? UxTheme.selection : UxTheme.background
     Accessible.role: Accessible.TreeItem
     Accessible.name: name
@@ -20,11 +18,5 @@ Rectangle {
         anchors.rightMargin: 2
         text: parent.name
         color: styleData.selected && parent.whiteWhenSelected ? UxTheme.selectedText : UxTheme.text
-    }
-
-    MouseArea {
-        anchors.fill: parent
-        acceptedButtons: Qt.RightButton
-        onPressed: parent.menuWanted(styleData.index, parent, mouse.x, mouse.y)
     }
 }

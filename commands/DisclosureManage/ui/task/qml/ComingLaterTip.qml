@@ -10,13 +10,5 @@ MouseArea {
     anchors.fill: parent
     acceptedButtons: Qt.NoButton
     hoverEnabled: true
-
-    Loader {
-        active: tip.containsMouse
-        sourceComponent: UxToolTip {
-            parent: tip
-            text: tip.text
-            visible: true
-        }
-    }
+    onContainsMouseChanged: UxToolTips.show(tip, containsMouse ? text : "", false)
 }

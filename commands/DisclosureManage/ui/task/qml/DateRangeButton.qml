@@ -1,6 +1,4 @@
 import QtQuick 2.12
-import QtQml 2.12
-import QtQuick.Controls 2.12
 import UI 1.0
 
 // Opens the menu of the usual date ranges, which fill both bounds of the date filter.
@@ -10,27 +8,12 @@ UxIconButton {
     implicitWidth: UxTheme.fieldHeight
     implicitHeight: UxTheme.fieldHeight
     iconSource: "qrc:/ui/Images/combo.png"
-    tooltipText: menu.visible ? "" : qsTr("常用日期范围")
+    tooltipText: menu.item && menu.item.visible ? "" : qsTr("常用日期范围")
     Accessible.name: qsTr("常用日期范围")
-    onClicked: menu.popup(button, 0, button.height)
+    onClicked: menu.wanted({}).popup(button, 0, button.height)
 
-    Menu {
+    UxOnDemand {
         id: menu
-
-        background: Rectangle {
-            implicitWidth: 100
-            color: UxTheme.menuBackground
-            border.color: UxTheme.menuBorder
-        }
-
-        Instantiator {
-            model: theTaskModel.date_ranges
-            delegate: UxMenuItem {
-                text: modelData
-                onTriggered: theTaskModel.chooseDateRange(index)
-            }
-            onObjectAdded: menu.insertItem(index, object)
-            onObjectRemoved: menu.removeItem(object)
-        }
+        file: Qt.resolvedUrl("DateRangeMenu.qml")
     }
 }

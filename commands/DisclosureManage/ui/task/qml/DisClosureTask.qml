@@ -65,7 +65,7 @@ Rectangle {
         contentWidth: width
         contentHeight: Math.max(770, root.height - titleBar.height - 10)
         boundsBehavior: Flickable.StopAtBounds
-        ScrollBar.vertical: SlimScrollBar {}
+        ScrollBar.vertical: UxScrollBar {}
 
         ColumnLayout {
             id: fields
@@ -81,6 +81,7 @@ Rectangle {
                 spacing: 12
             }
             AddTaskDates {
+                id: dates
                 Layout.fillWidth: true
                 captionSpace: root.captionSpace
                 rowSpacing: 12
@@ -121,11 +122,11 @@ Rectangle {
 
                 UxButton {
                     text: qsTr("发布交底")
-                    onClicked: addTaskModel.onClickRelease()
+                    onClicked: if (dates.settled()) addTaskModel.onClickRelease()
                 }
                 UxButton {
                     text: qsTr("保存计划")
-                    onClicked: addTaskModel.onClickSave()
+                    onClicked: if (dates.settled()) addTaskModel.onClickSave()
                 }
                 UxButton {
                     text: qsTr("取消")

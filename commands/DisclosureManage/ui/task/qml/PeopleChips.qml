@@ -58,7 +58,7 @@ Rectangle {
         clip: true
         spacing: gap
         boundsBehavior: Flickable.StopAtBounds
-        ScrollBar.vertical: SlimScrollBar {}
+        ScrollBar.vertical: UxScrollBar {}
         delegate: Row {
             spacing: list.gap
 

@@ -10,10 +10,12 @@ FocusScope {
     readonly property bool editable: task !== null && !task.released && theTaskModel.operBtnEnable
     property var table
 
+    implicitWidth: label.implicitWidth + 20
     activeFocusOnTab: editable && styleData.selected
     onActiveFocusChanged: if (activeFocus && editable) chooser.active = true
 
     UxToolTipText {
+        id: label
         anchors.fill: parent
         leftPadding: 8
         rightPadding: 6
@@ -43,8 +45,8 @@ FocusScope {
                 Keys.onPressed: {
                     var typed = event.text >= " " && event.text !== "\x7f"
                     event.accepted = typed || [Qt.Key_Up, Qt.Key_Down, Qt.Key_Return, Qt.Key_Enter].indexOf(event.key) >= 0
-                    if (event.accepted && !box.__popup.__popupVisible)
-                        box.__popup.toggleShow()
+                    if (event.accepted)
+                        box.openList()
                 }
             }
             onActivated: {

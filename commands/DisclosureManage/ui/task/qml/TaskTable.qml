@@ -1,5 +1,4 @@
 import QtQuick 2.12
-import QtQuick.Controls 1.4
 import UI 1.0
 
 // One page of tasks. Only the cells of the current row are in the tab chain.
@@ -15,6 +14,7 @@ UxCheckBoxTableView {
 
     // Another reading of the same page keeps the place and the keyboard where they were.
     function showPage() {
+        menu.source = ""  // its rows go
         var row = theTaskModel.page_reread ? currentRow : -1
         var top = theTaskModel.page_reread ? scrolled() : 0
         var left = theTaskModel.page_reread ? flickableItem.contentX : 0
@@ -33,6 +33,12 @@ UxCheckBoxTableView {
         focusRows()
     }
 
+    // Widths and order as the user left them.
+    function restoreLayout() {
+        layout.restore(theUserSettings.value("taskColumns"))
+        keeper.kept = layout.text()
+    }
+
     checkStateRole: "selected"
     sortColumn: theTaskModel.search_ordercol
     sortAscending: theTaskModel.search_asc
@@ -40,8 +46,10 @@ UxCheckBoxTableView {
     Accessible.name: qsTr("交底任务")
     style: TaskTableStyle {}
     onHeaderClicked: theTaskModel.sortByColumn(title, column)
+    onLayoutTouched: keeper.restart()
+    onMenuWanted: menu.wanted({}).openFor(control, row, x, y)
 
-    TableViewColumn {
+    UxTableColumn {
         title: qsTr("序号")
         width: 45
         delegate: UxToolTipText {
@@ -49,25 +57,25 @@ UxCheckBoxTableView {
             horizontalAlignment: Text.AlignHCenter
         }
     }
-    TableViewColumn {
+    UxTableColumn {
         title: qsTranslate("TaskManagerViewModel", "任务名称")
         role: "name"
         width: 170
-        delegate: TaskTextCell { table: control; onOpened: theTaskModel.onEditTaskName(task) }
+        delegate: TaskTextCell { table: control; marksReleased: true; onOpened: theTaskModel.onEditTaskName(task) }
     }
-    TableViewColumn {
+    UxTableColumn {
         title: qsTr("关联BIM")
         role: "relBIMs"
         width: 110
         delegate: TaskTextCell { table: control; onOpened: theTaskModel.onEditBimInfo(task) }
     }
-    TableViewColumn {
+    UxTableColumn {
         title: qsTr("关联资料")
         role: "relFiles"
         width: 110
         delegate: TaskTextCell { table: control; onOpened: theTaskModel.onEditDocInfo(task) }
     }
-    TableViewColumn {
+    UxTableColumn {
         id: startColumn
         title: qsTranslate("TaskManagerViewModel", "施工开始日期")
         role: "start_show"
@@ -77,7 +85,7 @@ UxCheckBoxTableView {
             maximumDate: task ? task.end_show : ""
         }
     }
-    TableViewColumn {
+    UxTableColumn {
         id: endColumn
         title: qsTranslate("TaskManagerViewModel", "施工结束日期")
         role: "end_show"
@@ -87,20 +95,20 @@ UxCheckBoxTableView {
             minimumDate: task ? task.start_show : ""
         }
     }
-    TableViewColumn {
+    UxTableColumn {
         id: planColumn
         title: qsTranslate("TaskManagerViewModel", "计划交底日期")
         role: "plan_show"
         width: 110
         delegate: TaskDateCell { column: planColumn.title }
     }
-    TableViewColumn {
+    UxTableColumn {
         title: qsTranslate("TaskManagerViewModel", "交底人")
         role: "owner"
         width: 120
         delegate: TaskOwnerCell { table: control }
     }
-    TableViewColumn {
+    UxTableColumn {
         title: qsTr("预览")
         width: 45
         resizable: false
@@ -111,13 +119,13 @@ UxCheckBoxTableView {
             onClicked: theTaskModel.onClickPreviewTask(task)
         }
     }
-    TableViewColumn {
+    UxTableColumn {
         title: qsTr("状态")
         role: "status"
         width: 70
         delegate: TaskStatusCell {}
     }
-    TableViewColumn {
+    UxTableColumn {
         title: qsTr("操作")
         width: 45
         resizable: false
@@ -134,7 +142,25 @@ UxCheckBoxTableView {
 
     Component {
         id: plainColumn
-        TableViewColumn {}
+        UxTableColumn {}
+    }
+    UxOnDemand {
+        id: menu
+        file: Qt.resolvedUrl("TaskMenu.qml")
+    }
+    // Once the hand rests: a column is told of at each step of a drag.
+    Timer {
+        id: keeper
+
+        property string kept
+
+        interval: 200
+        onTriggered: {
+            var text = control.layout.text()
+            if (kept !== "" && text !== kept)
+                theUserSettings.setValue("taskColumns", text)
+            kept = text
+        }
     }
     Connections {
         target: theTaskModel
@@ -147,6 +173,7 @@ UxCheckBoxTableView {
         insertColumnAt(12, plainColumn.createObject(control, { title: qsTranslate("TaskManagerViewModel", "更新时间"),
                                                              width: 95, role: "update_show" }))
         insertColumnAt(13, plainColumn.createObject(control, { title: qsTr("更新人"), width: 70, role: "updateperson" }))
+        restoreLayout()
         if (theTaskModel.task_model)
             showPage()
     }

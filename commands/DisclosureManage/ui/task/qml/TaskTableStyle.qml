@@ -14,10 +14,5 @@ UxTableViewStyle {
                                   : checked ? UxTheme.checkedRow
                                             : styleData.alternate ? style.alternateBackgroundColor
                                                                   : style.backgroundColor
-
-        UxFocusFrame {
-            anchors.margins: 0
-            shown: control.activeFocus && styleData.row !== undefined && styleData.row === control.__currentRow
-        }
     }
 }

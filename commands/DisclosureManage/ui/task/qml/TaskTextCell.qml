@@ -10,6 +10,9 @@ UxToolTipText {
     property var table
     // The task lies below the listed catalog: the tool tip of its name says where.
     readonly property bool liesBelow: styleData.role === "name" && task !== null && task.catalog_path !== ""
+    // A filled dot stands before what is published, an empty one before what is not.
+    property bool marksReleased: false
+    readonly property string releasedText: task && task.released ? qsTr("已发布") : qsTr("未发布")
 
     signal opened()
 
@@ -19,14 +22,14 @@ UxToolTipText {
             Qt.callLater(opened)
     }
 
-    leftPadding: 6
+    leftPadding: marksReleased ? 22 : 6
     rightPadding: 6
     text: task ? task[styleData.role] : ""
     toolTipText: liesBelow ? text + "\n" + qsTr("目录：") + task.catalog_path : text
     tooltipVisible: text !== "" && (truncated || liesBelow)
     activeFocusOnTab: styleData.selected
     Accessible.role: Accessible.Button
-    Accessible.name: text
+    Accessible.name: marksReleased ? text + " " + releasedText : text
     Accessible.onPressAction: open()
     Keys.onReturnPressed: open()
     Keys.onEnterPressed: open()
@@ -38,6 +41,15 @@ UxToolTipText {
             cell.table.focusRows()
         }
         onDoubleClicked: cell.open()
+    }
+    Loader {
+        x: 6
+        height: parent.height
+        active: cell.marksReleased
+        sourceComponent: TaskReleasedMark {
+            released: cell.task !== null && cell.task.released
+            text: cell.releasedText
+        }
     }
     UxFocusFrame { shown: cell.activeFocus }
 }
