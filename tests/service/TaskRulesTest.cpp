@@ -264,13 +264,11 @@ TEST_F(TaskRules, StatusFollowsFromPublishingConfirmationsAndTheDay) {
     EXPECT_EQ(page("status=3"), Ids{});
     EXPECT_EQ(page("status=1"), Ids{"plan"});
 
-    const std::string photo(32, 'a');
-    const std::string md5 = service.addFile(FirstDept, photo, "jpg");
     service.run("UPDATE stored_file SET uploaded_by = 'chenwei'");
-    EXPECT_EQ(by("chenwei", "confirm_by_disclosure_user", "t",
-                 R"(,"confirmRemark":"已讲清","attachementList":[)" + docJson("f", "签到.jpg", photo, md5, 3) + "]")
-                  .code(),
-              200);
+    EXPECT_EQ(
+        by("chenwei", "confirm_by_disclosure_user", "t", R"(,"confirmRemark":"已讲清","attachementList":)" + docs(0, 1))
+            .code(),
+        200);
     EXPECT_EQ(status("t"), 4) << "one has not confirmed yet";
     EXPECT_EQ(by("sunli", "confirm_by_receive_user", "t").code(), 200);
     EXPECT_EQ(status("t"), 2);
@@ -278,7 +276,7 @@ TEST_F(TaskRules, StatusFollowsFromPublishingConfirmationsAndTheDay) {
     EXPECT_EQ(page("status=4"), Ids{});
     const auto json = task("t");
     EXPECT_EQ(json["result"]["actualDisclosureDateMills"].GetInt64(), json["result"]["confirmDateMills"].GetInt64());
-    EXPECT_STREQ(json["result"]["attachementList"][0]["name"].GetString(), "签到.jpg");
+    EXPECT_STREQ(json["result"]["attachementList"][0]["name"].GetString(), "书0.pdf");
     EXPECT_EQ(by("chenwei", "urge_by_disclosure_user", "t").code(), 409) << "nobody is left to urge";
 }
 
