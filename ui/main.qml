@@ -19,6 +19,9 @@ Rectangle {
     signal titlebarPositionChanged()
     signal titlebarDbClick()
 
+    // Something behind the window was clicked.
+    function mark() { windowMark.flash() }
+
     color: UxTheme.background
     border.width: 1
     border.color: UxTheme.windowBorder
@@ -98,6 +101,8 @@ Rectangle {
         sequence: StandardKey.Refresh
         onActivated: theWindow.refresh()
     }
+
+    UxWindowMark { id: windowMark }
 
     UxOnDemand {
         id: namePopup

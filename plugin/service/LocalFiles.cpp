@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 #include <locale>
 
 #include "plugin/service/CDisclosureManageMgr.h"
@@ -12,22 +11,21 @@
 #include "sdk/baseui/MessageBox.h"
 #include "sdk/baseui/ProgressDialog.h"
 #include "sdk/packages/IKpxFileUploadMgr.h"
+#include "sdk/packages/disclosure/DocumentLimits.h"
 
 // The operations on files of the local disk.
 namespace DISCLOSUREPACKAGE {
 namespace {
 
 constexpr int64_t kMiB = 1048576;
-constexpr int64_t kMostWholeMiB = 500;
 constexpr int32_t kFromLocalDisk = 1;
 
 bool IsAllowed(std::wstring extension) {
-    static constexpr std::array kAllowed{L"doc", L"docx", L"xls",  L"xlsx", L"ppt", L"pptx", L"pdf", L"txt", L"mp4",
-                                         L"avi", L"wmv",  L"webm", L"jpeg", L"png", L"bmp",  L"jpg", L"dwg"};
     const std::locale locale;
     for (wchar_t& character : extension)
         character = std::tolower(character, locale);
-    return std::any_of(kAllowed.begin(), kAllowed.end(), [&](const wchar_t* allowed) { return extension == allowed; });
+    return std::any_of(kDocumentExtensions.begin(), kDocumentExtensions.end(),
+                       [&](const wchar_t* allowed) { return extension == allowed; });
 }
 
 /// False without a word where the host has no upload manager.
@@ -55,7 +53,7 @@ bool CDisclosureManageMgr::UploadLocalFiles(std::vector<UploadedFileRecord>& fil
             BASEUI::ShowMessageBox(L"文件格式不支持，请重新选择文件");
             return false;
         }
-        if (BASETOOLS::GetFileSize(path) / kMiB > kMostWholeMiB) {
+        if (BASETOOLS::GetFileSize(path) / kMiB > kMostDocumentMiB) {
             BASEUI::ShowMessageBox(L"请上传500M以内的文件");
             return false;
         }

@@ -34,14 +34,14 @@ TEST(DateRanges, HaveTheseBounds) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(&c - cases);
-        const DateRange range = dateRange(c.choice, c.today);
+        const DateRange range = RangeOf(c.choice, c.today);
         EXPECT_EQ(range.start, c.start) << range.start.toString(Qt::ISODate).toStdString();
         EXPECT_EQ(range.end, c.end) << range.end.toString(Qt::ISODate).toStdString();
     }
 }
 
 TEST(DateRanges, StandInTheOrderOfTheirNumbers) {
-    const QStringList texts = dateRangeChoices();
+    const QStringList texts = DateRangeChoices();
     ASSERT_EQ(texts.size(), 16);
     EXPECT_EQ(texts[static_cast<int>(Choice::All)], "全部");
     EXPECT_EQ(texts[static_cast<int>(Choice::LastWeek)], "上周");

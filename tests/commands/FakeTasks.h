@@ -31,7 +31,9 @@ public:
     }
     bool UpdateTask(const TaskRecord& task) override {
         updates.push_back(task);
-        if (!accepts(L"update " + task.id))
+        TaskRecord stored;
+        if (!accepts(L"update " + task.id) ||
+            (find(tasks, task.id, stored) && stored.updateDateMills != task.updateDateMills))
             return false;
         std::replace_if(
             tasks.begin(), tasks.end(), [&](const auto& other) { return other.id == task.id; }, task);

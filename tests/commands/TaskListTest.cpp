@@ -455,7 +455,7 @@ TEST_F(TaskList, DatesOfACellAreSavedOrPutBack) {
     EXPECT_FALSE(list.onEditDate("2024-03-01", "更新时间", row(1)));
     EXPECT_FALSE(list.onEditDate("2024-03-01", "施工结束日期", nullptr));
     EXPECT_FALSE(list.onEditDate("2024-03-02", "施工开始日期", row(1)));
-    EXPECT_EQ(host.messages, QStringList{"施工开始日期不能晚于施工结束日期"});
+    EXPECT_EQ(host.messages, QStringList{"施工开始日期不得大于施工结束日期"});
     EXPECT_TRUE(service.updates.empty());
     service.refused = L"update";
     EXPECT_FALSE(list.onEditDate("2024-03-05", "施工结束日期", row(1)));

@@ -66,7 +66,7 @@ QQuickItem* FindIn(QQuickItem* item, const char* property, const QVariant& value
 
 void ModalWindow::run(const std::function<void()>& open, const Steps& steps) {
     bool done = false;
-    const QWidget* below = QApplication::activeModalWidget();
+    const QPointer<QWidget> below = QApplication::activeModalWidget();
     const QStringList warningsBefore = std::exchange(g_warnings, {});
     const QtMessageHandler before = qInstallMessageHandler(NoteWarning);
     QTimer poll;
@@ -94,7 +94,7 @@ void ModalWindow::run(const std::function<void()>& open, const Steps& steps) {
     qInstallMessageHandler(before);
     EXPECT_TRUE(g_warnings.isEmpty()) << g_warnings.join('\n').toStdString();
     g_warnings = warningsBefore;
-    if (below) {
+    if (below && below->isVisible()) {  // it may close with the window
         EXPECT_TRUE(
             QTest::qWaitFor([view = ViewOf(below)] { return QGuiApplication::focusWindow() == view; }, kPatience))
             << "the window below has no keyboard";

@@ -13,6 +13,7 @@ public:
     ~CBaseWnd() override;
 
     WindowFrame& frame() { return m_frame; }
+    const WindowFrame& frame() const { return m_frame; }
 
 public slots:
     void slotToggleMaximized();

@@ -1,5 +1,6 @@
 #include "ui/common/WindowFrame.h"
 
+#include <QApplication>
 #include <QCursor>
 #include <QDialog>
 #include <QGuiApplication>
@@ -11,6 +12,8 @@
 #include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include "ui/common/WindowEdges.h"
 
 namespace {
 
@@ -39,23 +42,35 @@ void askForKeyboard(QWindow* window, int tries = kKeyboardTries) {
     QTimer::singleShot(kKeyboardPause, window, [window, tries] { askForKeyboard(window, tries - 1); });
 }
 
+/// A dialog that asks before it goes: Escape, the title bar, the window manager and `close` all end here.
+class AskingDialog : public QDialog {
+public:
+    AskingDialog(QWidget* parent, const std::function<bool()>& mayClose) : QDialog(parent), m_mayClose(mayClose) {}
+
+    void reject() override {
+        if (!m_mayClose || m_mayClose())
+            QDialog::reject();
+    }
+
+private:
+    const std::function<bool()>& m_mayClose;
+};
+
 }  // namespace
 
-WindowFrame::WindowFrame(QWidget* parent) : m_dialog(new QDialog(parent)), m_view(new QQuickView) {
+WindowFrame::WindowFrame(QWidget* parent) : m_dialog(new AskingDialog(parent, m_mayClose)), m_view(new QQuickView) {
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
     QWidget* container = QWidget::createWindowContainer(m_view, m_dialog);
     container->setFocusPolicy(Qt::StrongFocus);
-    // The dialog may be given the keyboard at any time, also after the view has had it.
-    QObject::connect(qApp, &QGuiApplication::focusWindowChanged, m_view, [this](const QWindow* window) {
-        if (window && m_dialog && window == m_dialog->windowHandle())
-            askForKeyboard(m_view);
-    });
+    QObject::connect(qApp, &QGuiApplication::focusWindowChanged, m_view,
+                     [this](const QWindow* window) { noticeFocus(window); });
     m_view->engine()->addImportPath(QStringLiteral("qrc:/ui/imports"));
     auto* layout = new QVBoxLayout(m_dialog);
     layout->addWidget(container);
     layout->setContentsMargins(0, 0, 0, 0);
     m_dialog->setWindowFlags(m_dialog->windowFlags() | Qt::FramelessWindowHint);
     m_view->setResizeMode(QQuickView::SizeRootObjectToView);
+    new WindowEdges(*m_dialog, *m_view);
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
 }
 
@@ -107,8 +122,48 @@ void WindowFrame::connectTitleBar(QObject* receiver) {
     connectRoot("titlebarDbClick()", receiver, "onTitleBarDoubleClicked()");
 }
 
+void WindowFrame::setMayClose(std::function<bool()> mayClose) {
+    m_mayClose = std::move(mayClose);
+}
+
+void WindowFrame::belongTo(const QWidget* opener) {
+    m_dialog->winId();  // makes its window
+    m_dialog->windowHandle()->setTransientParent(opener->windowHandle());
+    m_dialog->adjustSize();
+    QRect place(QPoint(), m_dialog->size());
+    place.moveCenter(opener->frameGeometry().center());
+    const QRect room = opener->screen()->availableGeometry();
+    place.moveRight(qMin(place.right(), room.right()));
+    place.moveBottom(qMin(place.bottom(), room.bottom()));
+    m_dialog->move(qMax(place.left(), room.left()), qMax(place.top(), room.top()));
+}
+
+void WindowFrame::noticeFocus(const QWindow* window) {
+    const bool isFrame = window && m_dialog && window == m_dialog->windowHandle();
+    // A click on a blocked window passes the keyboard to the dialog that blocks it, while its view still has it.
+    const bool isBesideClick = isFrame && m_hadKeyboard && !m_dialog->frameGeometry().contains(QCursor::pos());
+    m_hadKeyboard = window == m_view;
+    if (isBesideClick) {
+        m_dialog->raise();
+        if (QQuickItem* root = m_view->rootObject(); root && root->metaObject()->indexOfMethod("mark()") >= 0)
+            QMetaObject::invokeMethod(root, "mark");
+    }
+    if (window) {
+        m_wasOver = !isFrame && !m_hadKeyboard;
+        m_over = window;
+    }
+    // The dialog may be given the keyboard at any time, also after the view has had it; and a box over it that closes
+    // may leave it to nobody.
+    const bool isBoxClosed = !window && m_wasOver && (!m_over || !m_over->isVisible());
+    if (isFrame || isBoxClosed)
+        askForKeyboard(m_view);
+}
+
 void WindowFrame::run() {
     const QPointer<QWindow> before = QGuiApplication::focusWindow();
+    const QWidget* modal = QApplication::activeModalWidget();
+    if (const QWidget* opener = modal ? modal : m_dialog->parentWidget())
+        belongTo(opener->window());
     m_dialog->exec();
     // The window manager gives the keyboard to the dialog's parent, which need not be where it came from.
     askForKeyboard(before);

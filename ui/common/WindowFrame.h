@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include <QObject>
 #include <QPoint>
 #include <QPointer>
@@ -9,8 +11,10 @@
 class QDialog;
 class QQuickView;
 class QWidget;
+class QWindow;
 
-/// A frameless modal dialog filled by a Qt Quick view, and what its title bar does to it. Every window has one.
+/// A frameless modal dialog filled by a Qt Quick view, and what its title bar and its edges do to it. Every window has
+/// one.
 class WindowFrame {
 public:
     /// `parent` may be null. The dialog belongs to the frame until `run` has ended, which deletes it.
@@ -37,7 +41,12 @@ public:
     /// Connects the title bar's signals with the slots of the usual names in `receiver`.
     void connectTitleBar(QObject* receiver);
 
-    /// Runs the dialog modally; its view takes the keyboard as soon as it is shown.
+    /// Asked whenever the dialog is about to be closed, in whatever way; false leaves it open. Without it every dialog
+    /// closes.
+    void setMayClose(std::function<bool()> mayClose);
+    /// Runs the dialog modally over the middle of the window that opened it, which it stays above; its view takes the
+    /// keyboard as soon as it is shown. When something behind it is clicked the root item's `mark`, if it has one,
+    /// shows which window waits.
     void run();
     /// Brings an open dialog to the front.
     void raise();
@@ -48,9 +57,16 @@ public:
     void toggleMaximized();
 
 private:
+    void belongTo(const QWidget* opener);
+    void noticeFocus(const QWindow* window);
+
     QPointer<QDialog> m_dialog;
     QPointer<QQuickView> m_view;
     bool m_pressed = false;  // the second press of a double click ends with its toggling
     QPoint m_lastCursorPos;
-    QPoint m_position;  // the dialog's own: what it reads back lags behind the window manager
+    std::function<bool()> m_mayClose;
+    QPointer<const QWindow> m_over;  // had the keyboard last
+    bool m_wasOver = false;          // and was another one than the dialog's
+    bool m_hadKeyboard = false;      // the view, before the keyboard went where it is
+    QPoint m_position;               // the dialog's own: what it reads back lags behind the window manager
 };

@@ -45,6 +45,7 @@ void tell(const ModalWindow& window, const char* signal) {
 
 TEST(BaseWnd, BuildsAFramelessDialogAndOutlivesIt) {
     QWidget host;
+    host.setGeometry(200, 100, 500, 400);
     PlainWnd wnd(&host);
     QSignalSpy destroyed(wnd.frame().view(), &QObject::destroyed);
     ModalWindow::run([&wnd] { wnd.show(); },
@@ -55,6 +56,7 @@ TEST(BaseWnd, BuildsAFramelessDialogAndOutlivesIt) {
                          EXPECT_TRUE(window.dialog()->isModal());
                          EXPECT_EQ(window.dialog()->windowTitle(), "页面");
                          EXPECT_EQ(window.view()->rootObject()->width(), window.dialog()->width());
+                         EXPECT_EQ(window.dialog()->geometry().center(), host.geometry().center());
                          tell(window, "connectBimClick");
                          tell(window, "close");
                      });
@@ -104,6 +106,80 @@ TEST(BaseWnd, TitleBarDragsMaximisesAndLinks) {
             }
             tell(window, "connectBimClick");
             EXPECT_EQ(wnd.linked, 1);
+        });
+}
+
+TEST(BaseWnd, BelongsToItsOpenerAndIsMarkedWhenThatIsClicked) {
+    QWidget host;
+    PlainWnd opener(&host);
+    PlainWnd wnd(&host);
+    ModalWindow::run(
+        [&] { opener.show(); },
+        [&](ModalWindow& below) {
+            below.dialog()->setGeometry(100, 50, 640, 480);
+            ModalWindow::run(
+                [&] { wnd.show(); },
+                [&](ModalWindow& window) {
+                    QWindow* handle = window.dialog()->windowHandle();
+                    EXPECT_EQ(handle->transientParent(), below.dialog()->windowHandle());
+                    EXPECT_EQ(window.dialog()->geometry().center(), below.dialog()->geometry().center());
+                    // As a display does after a click there; a click on the dialog itself means nothing.
+                    const auto marks = [&] { return window.view()->rootObject()->property("marks").toInt(); };
+                    for (const auto& [place, isBeside] :
+                         {std::pair(QPoint(110, 60), 1), {handle->geometry().center(), 0}}) {
+                        const int before = marks();
+                        QCursor::setPos(place);
+                        handle->requestActivate();
+                        ModalWindow::settle();
+                        EXPECT_TRUE(QTest::qWaitFor([&] { return QGuiApplication::focusWindow() == window.view(); }));
+                        EXPECT_EQ(marks() - before, isBeside);
+                    }
+                });
+        });
+}
+
+TEST(BaseWnd, ClosesOnlyWhenItMay) {
+    PlainWnd wnd(nullptr);
+    int asked = 0;
+    wnd.frame().setMayClose([&] { return ++asked > 3; });
+    ModalWindow::run([&] { wnd.show(); },
+                     [&](ModalWindow& window) {
+                         tell(window, "close");
+                         window.dialog()->reject();
+                         window.dialog()->close();
+                         EXPECT_TRUE(window.dialog()->isVisible());
+                         tell(window, "close");
+                         EXPECT_FALSE(window.dialog()->isVisible());
+                     });
+    EXPECT_EQ(asked, 4);
+}
+
+TEST(BaseWnd, IsResizedAtItsEdgesDownToItsMinimum) {
+    PlainWnd wnd(nullptr);
+    ModalWindow::run(
+        [&] { wnd.show(); },
+        [&](ModalWindow& window) {
+            const QRect before(100, 100, 500, 400);  // at least 400 by 300
+            const struct {
+                QPoint at;
+                QPoint moved;
+                QRect expected;
+            } rows[] = {{{1, 200}, {-30, 9}, {70, 100, 530, 400}},     {{1, 200}, {300, 0}, {200, 100, 400, 400}},
+                        {{498, 200}, {20, 9}, {100, 100, 520, 400}},   {{250, 1}, {9, 900}, {100, 200, 500, 300}},
+                        {{250, 399}, {9, -900}, {100, 100, 500, 300}}, {{499, 392}, {10, 20}, {100, 100, 510, 420}},
+                        {{2, 3}, {-10, -20}, {90, 80, 510, 420}},      {{250, 200}, {50, 50}, before}};
+            for (const auto& row : rows) {
+                window.dialog()->setGeometry(before);
+                QTest::mousePress(window.view(), Qt::LeftButton, {}, row.at);
+                const QPoint at = window.view()->mapToGlobal(row.at) + row.moved;
+                QTest::mouseMove(window.view(), window.view()->mapFromGlobal(at));
+                QTest::mouseRelease(window.view(), Qt::LeftButton, {}, window.view()->mapFromGlobal(at));
+                EXPECT_EQ(window.dialog()->geometry(), row.expected) << row.at.x() << " " << row.at.y();
+            }
+            window.dialog()->showMaximized();
+            ModalWindow::settle();
+            QTest::mouseMove(window.view(), {1, 200});
+            EXPECT_EQ(window.view()->cursor().shape(), Qt::ArrowCursor) << "a maximised one stays";
         });
 }
 

@@ -10,4 +10,7 @@ Item {
     signal titlebarPositionChanged()
     signal titlebarDbClick()
     signal connectBimClick()
+
+    property int marks: 0
+    function mark() { ++marks }
 }

@@ -1,16 +1,19 @@
 #include "commands/DisclosureManage/ui/task/AddTaskViewModel.h"
 
-#include <QDateTime>
-
 #include "commands/DisclosureManage/ui/CallReport.h"
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
 #include "commands/DisclosureManage/ui/Notice.h"
+#include "commands/DisclosureManage/ui/task/Days.h"
 #include "commands/DisclosureManage/ui/task/SelectOwnerWnd.h"
 #include "commands/DisclosureManage/ui/task/SelectReceiverWnd.h"
+#include "commands/DisclosureManage/ui/task/TaskConflictViewModel.h"
+#include "commands/DisclosureManage/ui/task/TaskConflictWnd.h"
+#include "commands/DisclosureManage/ui/task/TaskFields.h"
 #include "commands/DisclosureManage/ui/task/TaskRules.h"
 #include "sdk/basecore/IBaseCoreData.h"
 #include "sdk/basecore/ManagerNames.h"
 #include "sdk/basetools/Uuid.h"
+#include "sdk/packages/disclosure/DocumentLimits.h"
 #include "sdk/packages/disclosure/IDisclosureManageMgr.h"
 #include "sdk/packages/documents/IKpxDocOperMgr.h"
 #include "ui/common/WideText.h"
@@ -20,18 +23,13 @@ using BASEPACKAGE::UserRecord;
 using DISCLOSUREPACKAGE::IDisclosureManageMgr;
 using DISCLOSUREPACKAGE::TaskDocRecord;
 using DISCLOSUREPACKAGE::TaskReceiveUserRecord;
+using DISCLOSUREPACKAGE::TaskRecord;
 using DISCLOSUREPACKAGE::UploadedFileRecord;
 
 namespace {
 
-const QString kDateFormat = QStringLiteral("yyyy-MM-dd");
-
 DOCUMENTPACKAGE::IKpxDocOperMgr* documentOpener() {
     return LookupManager<DOCUMENTPACKAGE::IKpxDocOperMgr>(BASECORE::NAMES::kDocumentOperations);
-}
-
-QString shownDate(int64_t mills) {
-    return mills > 0 ? QDateTime::fromMSecsSinceEpoch(mills).toString(kDateFormat) : QString();
 }
 
 TaskDocRecord linkTo(const UploadedFileRecord& file) {
@@ -50,7 +48,7 @@ TaskDocRecord linkTo(const UploadedFileRecord& file) {
 }  // namespace
 
 CAddTaskViewModel::CAddTaskViewModel(const DISCLOSUREPACKAGE::TaskRecord& task, QObject* parent)
-    : QObject(parent), m_isNew(task.id.empty()), m_task(task) {
+    : QObject(parent), m_isNew(task.id.empty()), m_began(task), m_task(task) {
     qRegisterMetaType<CBimTreeNode*>();  // QML hands nodes to the slots only when it knows the type
     m_links.build(CBimTreeModel::linksOf(m_task));
     if (IDisclosureManageMgr* manager = FindDisclosureManager())
@@ -64,7 +62,7 @@ QString CAddTaskViewModel::taskName() const {
 void CAddTaskViewModel::setTaskName(const QString& name) {
     if (name == taskName())
         return;
-    m_task.name = oneLine(name).toStdWString();
+    m_task.name = OneLine(name).toStdWString();
     emit taskNameChanged();
 }
 
@@ -73,7 +71,7 @@ QString CAddTaskViewModel::disName() const {
 }
 
 QString CAddTaskViewModel::receiveName() const {
-    return shownReceivers(m_task, m_names);
+    return ShownReceivers(m_task, m_names);
 }
 
 QString CAddTaskViewModel::remark() const {
@@ -83,12 +81,12 @@ QString CAddTaskViewModel::remark() const {
 void CAddTaskViewModel::setRemark(const QString& remark) {
     if (remark == this->remark())
         return;
-    m_task.remark = plainLines(remark).toStdWString();
+    m_task.remark = PlainLines(remark).toStdWString();
     emit remarkChanged();
 }
 
 QString CAddTaskViewModel::constStartDate() const {
-    return shownDate(m_task.constructionStartDateMills);
+    return DayText(m_task.constructionStartDateMills);
 }
 
 void CAddTaskViewModel::setConstStartDate(const QString& date) {
@@ -96,7 +94,7 @@ void CAddTaskViewModel::setConstStartDate(const QString& date) {
 }
 
 QString CAddTaskViewModel::constEndDate() const {
-    return shownDate(m_task.constructionEndDateMills);
+    return DayText(m_task.constructionEndDateMills);
 }
 
 void CAddTaskViewModel::setConstEndDate(const QString& date) {
@@ -104,7 +102,7 @@ void CAddTaskViewModel::setConstEndDate(const QString& date) {
 }
 
 QString CAddTaskViewModel::planDate() const {
-    return shownDate(m_task.planDisclosureDateMills);
+    return DayText(m_task.planDisclosureDateMills);
 }
 
 void CAddTaskViewModel::setPlanDate(const QString& date) {
@@ -112,7 +110,7 @@ void CAddTaskViewModel::setPlanDate(const QString& date) {
 }
 
 QString CAddTaskViewModel::endDate() const {
-    return shownDate(m_task.expiryDateMills);
+    return DayText(m_task.expiryDateMills);
 }
 
 void CAddTaskViewModel::setEndDate(const QString& date) {
@@ -120,12 +118,11 @@ void CAddTaskViewModel::setEndDate(const QString& date) {
 }
 
 void CAddTaskViewModel::setDate(int64_t& mills, const QString& date, Changed changed) {
-    if (date == shownDate(mills))
+    if (date == DayText(mills))
         return;
-    const QDateTime start = QDate::fromString(date, kDateFormat).startOfDay();
-    const bool isStorable = start.isValid() && start.toMSecsSinceEpoch() > 0;
-    if (isStorable || date.isEmpty())
-        mills = isStorable ? start.toMSecsSinceEpoch() : 0;
+    const int64_t start = DayStart(date);
+    if (start > 0 || date.isEmpty())
+        mills = start;
     emit(this->*changed)();
 }
 
@@ -138,6 +135,20 @@ QStringList CAddTaskViewModel::connectdoclist() const {
 
 bool CAddTaskViewModel::canViewDocs() const {
     return documentOpener() != nullptr;
+}
+
+QString CAddTaskViewModel::docsHint() {
+    QStringList extensions;
+    for (const wchar_t* extension : DISCLOSUREPACKAGE::kDocumentExtensions)
+        extensions << QString::fromWCharArray(extension);
+    return tr("最多%1份，每份不超过%2M；支持%3")
+        .arg(DISCLOSUREPACKAGE::kMostDocuments)
+        .arg(DISCLOSUREPACKAGE::kMostDocumentMiB)
+        .arg(extensions.join(QStringLiteral("、")));
+}
+
+bool CAddTaskViewModel::isChanged() const {
+    return !IsSameTask(m_began, m_task);
 }
 
 void CAddTaskViewModel::onClickSelectOwner() {
@@ -153,7 +164,7 @@ void CAddTaskViewModel::onClickSelectOwner() {
 }
 
 void CAddTaskViewModel::onClickSelectReceiver() {
-    std::vector<UserRecord> people = receiversOf(m_task);
+    std::vector<UserRecord> people = ReceiversOf(m_task);
     if (!CSelectReceiverWnd::choose(people, {FromWide(m_task.disclosureUserName)}))
         return;
     const auto before = std::exchange(m_task.disclosureTaskReceiveUserList, {});
@@ -171,6 +182,10 @@ void CAddTaskViewModel::onClickSelectReceiver() {
 }
 
 void CAddTaskViewModel::onClickUploadDoc() {
+    if (m_task.disclosureTaskDocList.size() >= DISCLOSUREPACKAGE::kMostDocuments) {
+        ShowNotice(TooManyDocuments());
+        return;
+    }
     std::vector<UploadedFileRecord> files;
     IDisclosureManageMgr* manager = FindDisclosureManager();
     if (!manager || !manager->UploadLocalFiles(files))
@@ -230,15 +245,48 @@ void CAddTaskViewModel::submit(bool isRelease) {
         m_isRelease = isRelease;
         emit bReaseChanged();
     }
-    setTaskName(tidyName(taskName()));
-    const QString broken = firstBrokenRule(m_task, QDate::currentDate());
-    if (!broken.isEmpty()) {
-        ShowNotice(broken);
-        return;
-    }
-    m_isSaved = store();
+    do {
+        setTaskName(TidyName(taskName()));
+        if (!keepsRules())
+            return;
+        m_isSaved = store();
+    } while (!m_isSaved && settleConflict());
     if (m_isSaved)
         emit closeWnd();
+}
+
+bool CAddTaskViewModel::keepsRules() {
+    const BrokenRule broken = FirstBrokenRule(m_task, QDate::currentDate());
+    if (broken.message.isEmpty())
+        return true;
+    ShowNotice(broken.message);
+    emit fieldRefused(broken.field);
+    return false;
+}
+
+bool CAddTaskViewModel::settleConflict() {
+    IDisclosureManageMgr* manager = FindDisclosureManager();
+    TaskRecord present;
+    if (m_isNew || !manager || !UntoldFailure().isEmpty() || !manager->QueryTaskById(m_task.id, present) ||
+        present.updateDateMills == m_task.updateDateMills)
+        return false;  // not answered, or refused for another reason; the user has been told
+    if (present.isPublish != 0) {
+        ShowNotice(tr("%1，并且已发布，不能再编辑。").arg(ChangeOf(present, m_names)));
+        return false;
+    }
+    const auto merged = CTaskConflictWnd::settle(m_began, m_task, present, m_names);
+    if (!merged)
+        return false;
+    m_began = present;
+    m_task = *merged;
+    m_links.build(CBimTreeModel::linksOf(m_task));
+    for (const Changed changed : {&CAddTaskViewModel::taskNameChanged, &CAddTaskViewModel::disNameChanged,
+                                  &CAddTaskViewModel::receiveNameChanged, &CAddTaskViewModel::remarkChanged,
+                                  &CAddTaskViewModel::constStartDateChanged, &CAddTaskViewModel::constEndDateChanged,
+                                  &CAddTaskViewModel::planDateChanged, &CAddTaskViewModel::endDateChanged,
+                                  &CAddTaskViewModel::connectDocChanged, &CAddTaskViewModel::connectBIMDataChanged})
+        emit(this->*changed)();
+    return true;
 }
 
 /// Ids stay from one click to the next: when an answer is lost, the service knows a repeated task by them.

@@ -22,6 +22,7 @@ class CAddTaskViewModel : public QObject {
     Q_PROPERTY(QStringList connectdoclist READ connectdoclist NOTIFY connectDocChanged)
     Q_PROPERTY(CBimTreeModel* bimDataModel READ bimDataModel NOTIFY connectBIMDataChanged)
     Q_PROPERTY(bool canViewDocs READ canViewDocs CONSTANT)
+    Q_PROPERTY(QString docsHint READ docsHint CONSTANT)
 
 public:
     /// `task` is the task as it is stored, or one without an id, which is new, with its catalog.
@@ -47,12 +48,17 @@ public:
     CBimTreeModel* bimDataModel() { return &m_links; }
     /// Whether the host opens documents.
     bool canViewDocs() const;
+    /// What may be uploaded.
+    static QString docsHint();
 
+    /// Whether anything differs from the task as it was given, or as it was last read.
+    bool isChanged() const;
     const DISCLOSUREPACKAGE::TaskRecord& task() const { return m_task; }
 
 public slots:
     /// Both save the task if it keeps all rules, as a plan or published, and ask for the dialog to be closed. It is
-    /// saved once, however often they are called.
+    /// saved once, however often they are called. Where somebody else has changed the task meanwhile, the user is
+    /// asked which version of each field to save.
     void onClickSave();
     void onClickRelease();
     void onClickSelectOwner();
@@ -61,7 +67,7 @@ public slots:
     void onClickViewDocItem(int nIndex);
     void onClickDelDocItem(int nIndex);
     void onClickDelBIMItem(CBimTreeNode* pNode);
-    /// Lets the user choose and upload a local file.
+    /// Lets the user choose and upload a local file, unless the task has all the documents it may have.
     void onClickUploadDoc();
     /// A date field did not take what was typed.
     void onDateRefused(const QString& why);
@@ -78,6 +84,8 @@ signals:
     void bReaseChanged();  // spelled so
     void connectDocChanged();
     void connectBIMDataChanged();
+    /// The user has been told that the property of this name is to be mended before the task can be saved.
+    void fieldRefused(const QString& field);
     /// The task has been saved.
     void closeWnd();
 
@@ -86,10 +94,15 @@ private:
 
     void setDate(int64_t& mills, const QString& date, Changed changed);
     void submit(bool isRelease);
+    /// Whether the task keeps all rules; otherwise the user is told.
+    bool keepsRules();
     bool store();
+    /// Whether a save was refused for somebody else's change and there is now a version to save instead.
+    bool settleConflict();
     void giveIds();
 
     bool m_isNew;
+    DISCLOSUREPACKAGE::TaskRecord m_began;  // what m_task was made from
     DISCLOSUREPACKAGE::TaskRecord m_task;
     CBimTreeModel m_links;
     PeopleNames m_names;  // the department's people

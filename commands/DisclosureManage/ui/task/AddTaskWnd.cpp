@@ -1,29 +1,35 @@
 #include "commands/DisclosureManage/ui/task/AddTaskWnd.h"
 
 #include <QDialog>
-#include <QQmlContext>
+#include <QQuickItem>
 #include <QQuickView>
 
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
+#include "commands/DisclosureManage/ui/Notice.h"
 #include "commands/DisclosureManage/ui/task/AddTaskViewModel.h"
-#include "sdk/basecore/IBaseCoreData.h"
 
 bool CAddTaskWnd::edit(const DISCLOSUREPACKAGE::TaskRecord& task) {
     if (!FindDisclosureManager())
         return false;
-    CAddTaskWnd wnd(BASECORE::FRAME::GetMainBaseCore()->GetMainWindow(), task);
+    CAddTaskWnd wnd(task);
     wnd.frame().run();
     return wnd.m_isSaved;
 }
 
-CAddTaskWnd::CAddTaskWnd(QWidget* parent, const DISCLOSUREPACKAGE::TaskRecord& task) : CBaseWnd(parent) {
-    frame().dialog()->setMinimumSize(WindowFrame::shareOf(parent));
-    auto* model = new CAddTaskViewModel(task, frame().view());
-    connect(model, &CAddTaskViewModel::closeWnd, this, [this] {
+CAddTaskWnd::CAddTaskWnd(const DISCLOSUREPACKAGE::TaskRecord& task)
+    : m_model(new CAddTaskViewModel(task, frame().view())) {
+    connect(m_model, &CAddTaskViewModel::closeWnd, this, [this] {
         m_isSaved = true;
         frame().dialog()->close();
     });
-    frame().view()->rootContext()->setContextProperty(QStringLiteral("addTaskModel"), model);
-    frame().load(QUrl(QStringLiteral("qrc:/commands/DisclosureManage/ui/task/qml/DisClosureTask.qml")));
-    connectRootObject();
+    frame().setMayClose([this] { return mayClose(); });
+    load("DisClosureTask.qml", "addTaskModel", m_model, share());
+}
+
+bool CAddTaskWnd::mayClose() const {
+    const QQuickItem* page = frame().view()->rootObject();
+    const bool isTyping = page && page->property("typing").toBool();
+    if (m_isSaved || (!isTyping && !m_model->isChanged()))
+        return true;
+    return AskBeforeLoss(tr("是否放弃修改？"), tr("修改的内容尚未保存，放弃后不能恢复。")) == BASEUI::MessageResult::Ok;
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "commands/DisclosureManage/ui/task/TaskDialog.h"
 #include "sdk/packages/disclosure/Records.h"
-#include "ui/common/BaseWnd.h"
+
+class CAddTaskViewModel;
 
 /// The task editor.
-class CAddTaskWnd : public CBaseWnd {
+class CAddTaskWnd : public CTaskDialog {
     Q_OBJECT
 
 public:
@@ -13,7 +15,10 @@ public:
     static bool edit(const DISCLOSUREPACKAGE::TaskRecord& task);
 
 private:
-    CAddTaskWnd(QWidget* parent, const DISCLOSUREPACKAGE::TaskRecord& task);
+    explicit CAddTaskWnd(const DISCLOSUREPACKAGE::TaskRecord& task);
+    /// Asks before anything that was changed is lost.
+    bool mayClose() const;
 
+    CAddTaskViewModel* m_model;  // the view's
     bool m_isSaved = false;
 };

@@ -1,14 +1,12 @@
 #include "commands/DisclosureManage/ui/task/CatalogTreeWnd.h"
 
 #include <QDialog>
-#include <QQmlContext>
 #include <QQuickView>
 
 #include "commands/DisclosureManage/ui/CallReport.h"
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
 #include "commands/DisclosureManage/ui/Rights.h"
 #include "commands/DisclosureManage/ui/task/CatalogTreeModel.h"
-#include "sdk/basecore/IBaseCoreData.h"
 #include "sdk/basetools/AuthCodeTool.h"
 #include "sdk/packages/disclosure/IDisclosureManageMgr.h"
 
@@ -22,7 +20,7 @@ int CCatalogTreeWnd::choose(QString& targetId, const QString& what) {
     targetId.clear();
     if (!FindDisclosureManager())
         return -1;
-    CCatalogTreeWnd wnd(BASECORE::FRAME::GetMainBaseCore()->GetMainWindow(), what);
+    CCatalogTreeWnd wnd(what);
     wnd.read();
     if (!wnd.m_catalogs.empty() || !UntoldFailure().isEmpty())
         wnd.frame().run();
@@ -30,19 +28,15 @@ int CCatalogTreeWnd::choose(QString& targetId, const QString& what) {
     return 0;
 }
 
-CCatalogTreeWnd::CCatalogTreeWnd(QWidget* parent, const QString& what)
-    : CBaseWnd(parent), m_model(new CatalogTreeModel(frame().view())) {
-    frame().dialog()->setMinimumSize(250, 450);
+CCatalogTreeWnd::CCatalogTreeWnd(const QString& what) : m_model(new CatalogTreeModel(frame().view())) {
     m_model->setNodeOperEnable(HoldsRight(BASETOOLS::CAuthCodeTool::kEditCatalogs));
     connect(&m_service, &ServiceState::back, this, [this] {
         if (m_model->reading()->isFailed())
             read();
     });
-    frame().view()->rootContext()->setContextProperty(QStringLiteral("theModel"), m_model);
-    frame().view()->rootContext()->setContextProperty(QStringLiteral("theWnd"), this);
-    frame().view()->rootContext()->setContextProperty(QStringLiteral("movedTasks"), what);
-    frame().load(QUrl(QStringLiteral("qrc:/commands/DisclosureManage/ui/task/qml/CatalogTreeWnd.qml")));
-    CCatalogTreeWnd::connectRootObject();
+    publish("theWnd", QVariant::fromValue<QObject*>(this));
+    publish("movedTasks", what);
+    load("CatalogTreeWnd.qml", "theModel", m_model, {250, 450});
 }
 
 void CCatalogTreeWnd::read() {

@@ -5,13 +5,13 @@
 #include <QString>
 
 #include "commands/DisclosureManage/ui/ServiceState.h"
+#include "commands/DisclosureManage/ui/task/TaskDialog.h"
 #include "sdk/packages/disclosure/Records.h"
-#include "ui/common/BaseWnd.h"
 
 class CatalogTreeModel;
 
 /// The chooser of the catalog that tasks are moved to.
-class CCatalogTreeWnd : public CBaseWnd {
+class CCatalogTreeWnd : public CTaskDialog {
     Q_OBJECT
 
 public:
@@ -35,7 +35,7 @@ protected:
     void connectRootObject() override;
 
 private:
-    CCatalogTreeWnd(QWidget* parent, const QString& what);
+    explicit CCatalogTreeWnd(const QString& what);
 
     CatalogTreeModel* m_model;
     std::vector<DISCLOSUREPACKAGE::CatalogRecord> m_catalogs;

@@ -16,7 +16,7 @@ DateRange day(QDate date) {
 
 }  // namespace
 
-QStringList dateRangeChoices() {
+QStringList DateRangeChoices() {
     static constexpr const char* kTexts[] = {
         QT_TRANSLATE_NOOP("DateRange", "全部"),   QT_TRANSLATE_NOOP("DateRange", "本月"),
         QT_TRANSLATE_NOOP("DateRange", "下月"),   QT_TRANSLATE_NOOP("DateRange", "上月"),
@@ -33,7 +33,7 @@ QStringList dateRangeChoices() {
     return texts;
 }
 
-DateRange dateRange(DateRangeChoice choice, QDate today) {
+DateRange RangeOf(DateRangeChoice choice, QDate today) {
     const QDate month(today.year(), today.month(), 1);
     const QDate quarter(today.year(), (today.month() - 1) / 3 * 3 + 1, 1);
     const QDate year(today.year(), 1, 1);

@@ -31,7 +31,7 @@ struct DateRange {
 };
 
 /// The texts of the choices, in their order.
-QStringList dateRangeChoices();
+QStringList DateRangeChoices();
 
 /// Null dates for All, which knows no bounds, and for Custom, whose bounds are the user's.
-DateRange dateRange(DateRangeChoice choice, QDate today);
+DateRange RangeOf(DateRangeChoice choice, QDate today);

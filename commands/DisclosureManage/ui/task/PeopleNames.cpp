@@ -82,13 +82,17 @@ std::wstring PeopleNames::userName(const QString& shownName) const {
     return m_loginByShown.value(shownName);
 }
 
-std::vector<UserRecord> receiversOf(const DISCLOSUREPACKAGE::TaskRecord& task) {
+std::vector<UserRecord> ReceiversOf(const DISCLOSUREPACKAGE::TaskRecord& task) {
     std::vector<UserRecord> people;
     for (const auto& receiver : task.disclosureTaskReceiveUserList)
         people.push_back({receiver.userName, receiver.userRealname, receiver.userHeadUuid, {}});
     return people;
 }
 
-QString shownReceivers(const DISCLOSUREPACKAGE::TaskRecord& task, const PeopleNames& names) {
-    return names.shown(receiversOf(task)).join(QStringLiteral("、"));
+QString ShownReceivers(const DISCLOSUREPACKAGE::TaskRecord& task, const PeopleNames& names) {
+    return names.shown(ReceiversOf(task)).join(QStringLiteral("、"));
+}
+
+QString ShownUpdater(const DISCLOSUREPACKAGE::TaskRecord& task, const PeopleNames& names) {
+    return names.knows(task.updateBy) ? names.shown(task.updateBy) : FromWide(task.updateBy);
 }

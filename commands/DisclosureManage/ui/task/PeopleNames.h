@@ -41,6 +41,9 @@ private:
 };
 
 /// A task's receivers as the names and the pickers take them.
-std::vector<BASEPACKAGE::UserRecord> receiversOf(const DISCLOSUREPACKAGE::TaskRecord& task);
+std::vector<BASEPACKAGE::UserRecord> ReceiversOf(const DISCLOSUREPACKAGE::TaskRecord& task);
 /// Their names in one text.
-QString shownReceivers(const DISCLOSUREPACKAGE::TaskRecord& task, const PeopleNames& names);
+QString ShownReceivers(const DISCLOSUREPACKAGE::TaskRecord& task, const PeopleNames& names);
+/// Who changed the task last. The service sends the name that is shown already; a login name is one where it names
+/// somebody.
+QString ShownUpdater(const DISCLOSUREPACKAGE::TaskRecord& task, const PeopleNames& names);

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "ui/common/BaseWnd.h"
+#include "commands/DisclosureManage/ui/task/TaskDialog.h"
 
 /// The dialog of the department's reminder settings.
-class CRemindWnd : public CBaseWnd {
+class CRemindWnd : public CTaskDialog {
     Q_OBJECT
 
 public:
@@ -11,5 +11,5 @@ public:
     static void edit();
 
 private:
-    explicit CRemindWnd(QWidget* parent);
+    CRemindWnd();
 };

@@ -1,37 +1,31 @@
 #include "commands/DisclosureManage/ui/task/SelectOwnerWnd.h"
 
 #include <QDialog>
-#include <QQmlContext>
 #include <QQuickView>
 
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
-#include "sdk/basecore/IBaseCoreData.h"
 #include "ui/common/NameTreeModel.h"
 #include "ui/common/NameTreeNode.h"
 
 bool CSelectOwnerWnd::choose(BASEPACKAGE::UserRecord& person, const QStringList& leftOut) {
     if (!FindDisclosureManager())
         return false;
-    CSelectOwnerWnd wnd(BASECORE::FRAME::GetMainBaseCore()->GetMainWindow(), person, leftOut);
+    CSelectOwnerWnd wnd(person, leftOut);
     wnd.frame().run();
     if (wnd.m_isChosen)
         person = wnd.m_person;
     return wnd.m_isChosen;
 }
 
-CSelectOwnerWnd::CSelectOwnerWnd(QWidget* parent, const BASEPACKAGE::UserRecord& person, const QStringList& leftOut)
-    : CBaseWnd(parent),
-      m_people(leftOut),
+CSelectOwnerWnd::CSelectOwnerWnd(const BASEPACKAGE::UserRecord& person, const QStringList& leftOut)
+    : m_people(leftOut),
       m_model(new NameTreeModel(frame().view())),
       m_reading(m_people, [this, login = QString::fromStdWString(person.userName)] {
           setSearchText(m_search);
           selectPerson(login);
       }) {
-    frame().dialog()->setMinimumSize(250, 450);
-    frame().view()->rootContext()->setContextProperty(QStringLiteral("theReading"), &m_reading);
-    frame().view()->rootContext()->setContextProperty(QStringLiteral("theSelectOwnerWnd"), this);
-    frame().load(QUrl(QStringLiteral("qrc:/commands/DisclosureManage/ui/task/qml/SelectOwnerWnd.qml")));
-    connectRootObject();
+    publish("theReading", QVariant::fromValue<QObject*>(&m_reading));
+    load("SelectOwnerWnd.qml", "theSelectOwnerWnd", this, {250, 450});
 }
 
 TreeModel* CSelectOwnerWnd::ownerDataModel() const {

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "commands/DisclosureManage/ui/task/PeopleReading.h"
-#include "ui/common/BaseWnd.h"
+#include "commands/DisclosureManage/ui/task/TaskDialog.h"
 #include "ui/common/TreeModel.h"
 
 class NameTreeModel;
 
 /// The picker of the discloser.
-class CSelectOwnerWnd : public CBaseWnd {
+class CSelectOwnerWnd : public CTaskDialog {
     Q_OBJECT
     Q_PROPERTY(TreeModel* ownerDataModel READ ownerDataModel NOTIFY ownerDataChanged)
 
@@ -28,7 +28,7 @@ signals:
     void ownerDataChanged();
 
 private:
-    CSelectOwnerWnd(QWidget* parent, const BASEPACKAGE::UserRecord& person, const QStringList& leftOut);
+    CSelectOwnerWnd(const BASEPACKAGE::UserRecord& person, const QStringList& leftOut);
     void selectPerson(const QString& login);
 
     PeopleDirectory m_people;

@@ -2,12 +2,10 @@
 
 #include <QDialog>
 #include <QHash>
-#include <QQmlContext>
 #include <QQuickView>
 #include <QSet>
 
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
-#include "sdk/basecore/IBaseCoreData.h"
 #include "ui/common/NameCheckBoxTreeModel.h"
 #include "ui/common/NameCheckBoxTreeNode.h"
 #include "ui/common/WideText.h"
@@ -28,16 +26,15 @@ int depthOf(const TreeNode* node) {
 bool CSelectReceiverWnd::choose(People& people, const QStringList& leftOut) {
     if (!FindDisclosureManager())
         return false;
-    CSelectReceiverWnd wnd(BASECORE::FRAME::GetMainBaseCore()->GetMainWindow(), people, leftOut);
+    CSelectReceiverWnd wnd(people, leftOut);
     wnd.frame().run();
     if (wnd.m_isAccepted)
         people = wnd.m_chosen;
     return wnd.m_isAccepted;
 }
 
-CSelectReceiverWnd::CSelectReceiverWnd(QWidget* parent, const People& people, const QStringList& leftOut)
-    : CBaseWnd(parent),
-      m_people(leftOut),
+CSelectReceiverWnd::CSelectReceiverWnd(const People& people, const QStringList& leftOut)
+    : m_people(leftOut),
       m_model(new NameCheckBoxTreeModel(frame().view())),
       m_chosen(people),
       m_reading(m_people, [this] {
@@ -45,11 +42,8 @@ CSelectReceiverWnd::CSelectReceiverWnd(QWidget* parent, const People& people, co
           noticeChoice();
       }) {
     m_names = m_people.names().shown(m_chosen);
-    frame().dialog()->setMinimumSize(250, 450);
-    frame().view()->rootContext()->setContextProperty(QStringLiteral("theReading"), &m_reading);
-    frame().view()->rootContext()->setContextProperty(QStringLiteral("theSelectReceiverWnd"), this);
-    frame().load(QUrl(QStringLiteral("qrc:/commands/DisclosureManage/ui/task/qml/SelectReceiverWnd.qml")));
-    connectRootObject();
+    publish("theReading", QVariant::fromValue<QObject*>(&m_reading));
+    load("SelectReceiverWnd.qml", "theSelectReceiverWnd", this, {250, 450});
 }
 
 TreeModel* CSelectReceiverWnd::receiverDataModel() const {

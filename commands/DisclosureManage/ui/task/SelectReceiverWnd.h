@@ -3,7 +3,7 @@
 #include <QVector>
 
 #include "commands/DisclosureManage/ui/task/PeopleReading.h"
-#include "ui/common/BaseWnd.h"
+#include "commands/DisclosureManage/ui/task/TaskDialog.h"
 #include "ui/common/TreeModel.h"
 
 class NameCheckBoxTreeModel;
@@ -11,7 +11,7 @@ class NameCheckBoxTreeNode;
 
 /// The picker of the receivers. Who is chosen does not depend on who is shown: a search hides people, and some may have
 /// left the department.
-class CSelectReceiverWnd : public CBaseWnd {
+class CSelectReceiverWnd : public CTaskDialog {
     Q_OBJECT
     Q_PROPERTY(QStringList receiverName READ receiverName NOTIFY receiverNameChanged)
     Q_PROPERTY(TreeModel* receiverDataModel READ receiverDataModel NOTIFY receiverModelChanged)
@@ -47,7 +47,7 @@ signals:
     void receiverSizeChanged();
 
 private:
-    CSelectReceiverWnd(QWidget* parent, const People& people, const QStringList& leftOut);
+    CSelectReceiverWnd(const People& people, const QStringList& leftOut);
     /// Parents first.
     QVector<NameCheckBoxTreeNode*> nodesBelow(TreeNode* top) const;
     void showChoice();

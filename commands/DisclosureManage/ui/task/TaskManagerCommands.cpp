@@ -8,13 +8,13 @@
 #include "commands/DisclosureManage/ui/Processing.h"
 #include "commands/DisclosureManage/ui/task/AddTaskWnd.h"
 #include "commands/DisclosureManage/ui/task/CatalogTreeWnd.h"
+#include "commands/DisclosureManage/ui/task/Days.h"
 #include "commands/DisclosureManage/ui/task/EditNameWnd.h"
 #include "commands/DisclosureManage/ui/task/RemindWnd.h"
 #include "commands/DisclosureManage/ui/task/TaskManagerViewModel.h"
-#include "sdk/basetools/TimeValue.h"
+#include "commands/DisclosureManage/ui/task/TaskRules.h"
 #include "sdk/packages/disclosure/IDisclosureManageMgr.h"
 
-using BASETOOLS::CKpxTimeValue;
 using DISCLOSUREPACKAGE::IDisclosureManageMgr;
 using DISCLOSUREPACKAGE::TaskRecord;
 
@@ -147,7 +147,7 @@ void TaskManagerViewModel::onEditTaskName(TaskModel* task) {
     const Hold hold(*this);
     if (!editable(task))
         return;
-    CEditNameWnd::edit(task->name(), [&](const QString& name) {
+    CEditNameWnd::edit(task->id(), task->name(), [&](const QString& name) {
         return updateTask(task, [&](TaskRecord& record) {
             record.name = name.toStdWString();
             return true;
@@ -276,16 +276,14 @@ bool TaskManagerViewModel::onEditDate(const QString& sDate, const QString& sType
     };
     const Hold hold(*this);
     const auto field = fields.find(sType);
-    const int64_t mills = CKpxTimeValue::FromDayText(sDate.toStdWString());
-    if (field == fields.end() || (mills <= 0 && !sDate.isEmpty()))
+    const int64_t mills = DayStart(sDate);
+    if (field == fields.end() || (mills == 0 && !sDate.isEmpty()))
         return false;
     return updateTask(task, [&](TaskRecord& record) {
         record.** field = mills;
-        const int64_t start = record.constructionStartDateMills;
-        const int64_t end = record.constructionEndDateMills;
-        if (start <= 0 || end <= 0 || start <= CKpxTimeValue::EndOfDay(end))
-            return true;
-        ShowNotice(tr("施工开始日期不能晚于施工结束日期"));
-        return false;
+        const QString broken = StartsAfterEnd(record);
+        if (!broken.isEmpty())
+            ShowNotice(broken);
+        return broken.isEmpty();
     });
 }

@@ -9,7 +9,7 @@
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
 #include "commands/DisclosureManage/ui/Notice.h"
 #include "commands/DisclosureManage/ui/task/DateRange.h"
-#include "sdk/basetools/TimeValue.h"
+#include "commands/DisclosureManage/ui/task/Days.h"
 #include "sdk/packages/disclosure/IDisclosureManageMgr.h"
 #include "ui/common/WideText.h"
 
@@ -52,10 +52,6 @@ bool isSameSearch(TaskQuery one, const TaskQuery& other) {
     return one == other;
 }
 
-int64_t dayStart(const QString& day) {
-    return CKpxTimeValue::FromDayText(day.toStdWString());
-}
-
 QString dayText(QDate date) {
     return date.toString(Qt::ISODate);
 }
@@ -63,7 +59,7 @@ QString dayText(QDate date) {
 }  // namespace
 
 TaskManagerViewModel::TaskManagerViewModel(QObject* parent) : QObject(parent), m_timer(this) {
-    m_startDate = m_endDate = FromWide(CKpxTimeValue::ToDayText(QDateTime::currentMSecsSinceEpoch()));
+    m_startDate = m_endDate = DayText(QDateTime::currentMSecsSinceEpoch());
     m_timer.setSingleShot(true);
     m_timer.setInterval(kGatherMills);
     connect(&m_timer, &QTimer::timeout, this, &TaskManagerViewModel::runQuery);
@@ -81,7 +77,7 @@ bool TaskManagerViewModel::searchAsc() const {
 }
 
 QStringList TaskManagerViewModel::dateRanges() {
-    return dateRangeChoices();
+    return DateRangeChoices();
 }
 
 void TaskManagerViewModel::setTotalPage(int pages) {
@@ -136,18 +132,18 @@ void TaskManagerViewModel::setSearchDateLimit(bool unlimited) {
 }
 
 void TaskManagerViewModel::setSearchStartDate(const QString& day) {
-    if (dayStart(day) <= 0 || !changes(m_startDate, day))
+    if (DayStart(day) == 0 || !changes(m_startDate, day))
         return;
     emit searchStartDateChanged();
-    if (dayStart(m_endDate) < dayStart(m_startDate))
+    if (DayStart(m_endDate) < DayStart(m_startDate))
         setSearchEndDate(m_startDate);
 }
 
 void TaskManagerViewModel::setSearchEndDate(const QString& day) {
-    if (dayStart(day) <= 0 || !changes(m_endDate, day))
+    if (DayStart(day) == 0 || !changes(m_endDate, day))
         return;
     emit searchEndDateChanged();
-    if (dayStart(m_endDate) < dayStart(m_startDate))
+    if (DayStart(m_endDate) < DayStart(m_startDate))
         setSearchStartDate(m_endDate);
 }
 
@@ -195,7 +191,7 @@ void TaskManagerViewModel::sortByColumn(const QString& title, int column) {
 
 void TaskManagerViewModel::chooseDateRange(int choice) {
     const auto chosen = static_cast<DateRangeChoice>(choice);
-    const DateRange range = dateRange(chosen, QDate::currentDate());
+    const DateRange range = RangeOf(chosen, QDate::currentDate());
     setSearchStartDate(dayText(range.start));
     setSearchEndDate(dayText(range.end));
     setSearchDateLimit(chosen == DateRangeChoice::All);
@@ -288,8 +284,8 @@ TaskQuery TaskManagerViewModel::query() const {
     query.status = m_taskStatus;
     query.keyword = m_searchText.toStdWString();
     query.dateType = m_dateLimit ? -1 : m_dateIndex + 1;
-    query.startDateMills = m_dateLimit ? -1 : dayStart(m_startDate);
-    query.endDateMills = m_dateLimit ? -1 : CKpxTimeValue::EndOfDay(dayStart(m_endDate));
+    query.startDateMills = m_dateLimit ? -1 : DayStart(m_startDate);
+    query.endDateMills = m_dateLimit ? -1 : CKpxTimeValue::EndOfDay(DayStart(m_endDate));
     query.currentPage = m_currentPage;
     query.pageSize = m_itemsPerPage;
     query.orderKey = m_orderKey.toStdWString();

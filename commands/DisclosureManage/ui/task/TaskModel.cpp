@@ -1,7 +1,7 @@
 #include "commands/DisclosureManage/ui/task/TaskModel.h"
 
+#include "commands/DisclosureManage/ui/task/Days.h"
 #include "commands/DisclosureManage/ui/task/PeopleNames.h"
-#include "sdk/basetools/TimeValue.h"
 
 namespace {
 
@@ -31,7 +31,7 @@ TaskModel::TaskModel(const DISCLOSUREPACKAGE::TaskRecord& record, const PeopleNa
 }
 
 QString TaskModel::shown(const QDateTime& date) {
-    return date.isValid() ? text(BASETOOLS::CKpxTimeValue::ToDayText(date.toMSecsSinceEpoch())) : QString();
+    return date.isValid() ? DayText(date.toMSecsSinceEpoch()) : QString();
 }
 
 QString TaskModel::statusText(int status) {
@@ -53,10 +53,8 @@ void TaskModel::assign(const DISCLOSUREPACKAGE::TaskRecord& record, const People
     set(m_catalogid, text(record.disclosureCatalogId), &TaskModel::catalogidChanged);
     set(m_owner, names.shown(record.disclosureUserName, record.disclosureUserRealname), &TaskModel::ownerChanged);
     set(m_ownermodel, names.choices(m_owner), &TaskModel::ownerModelChanged);
-    set(m_receiver, shownReceivers(record, names), &TaskModel::receiverChanged);
-    // The service sends the name that is shown already; a login name is one where it names somebody.
-    set(m_updateperson, names.knows(record.updateBy) ? names.shown(record.updateBy) : text(record.updateBy),
-        &TaskModel::updatepersonChanged);
+    set(m_receiver, ShownReceivers(record, names), &TaskModel::receiverChanged);
+    set(m_updateperson, ShownUpdater(record, names), &TaskModel::updatepersonChanged);
     set(m_relBIMs, joined(models), &TaskModel::relBIMsChanged);
     set(m_relFiles, joined(files), &TaskModel::relFilesChanged);
     set(m_status, statusText(record.status), &TaskModel::statusChanged);

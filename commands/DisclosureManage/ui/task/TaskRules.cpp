@@ -3,18 +3,13 @@
 #include <algorithm>
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QRegularExpression>
 
+#include "commands/DisclosureManage/ui/task/Days.h"
+#include "sdk/packages/disclosure/DocumentLimits.h"
 #include "ui/common/WideText.h"
 
 namespace {
-
-constexpr std::size_t kMostDocuments = 10;
-
-QDate dateOf(int64_t mills) {
-    return mills > 0 ? QDateTime::fromMSecsSinceEpoch(mills).date() : QDate();
-}
 
 struct Rules {
     Q_DECLARE_TR_FUNCTIONS(TaskRules)
@@ -31,45 +26,53 @@ bool showsSomething(const QString& text) {
 
 }  // namespace
 
-QString tidyName(const QString& typed) {
-    const QString name = oneLine(typed).trimmed();
+QString TidyName(const QString& typed) {
+    const QString name = OneLine(typed).trimmed();
     return showsSomething(name) ? name : QString();
 }
 
-QString oneLine(const QString& typed) {
+QString OneLine(const QString& typed) {
     static const QRegularExpression breaks(QStringLiteral("[\\x00-\\x1f\\x7f-\\x9f\\x{2028}\\x{2029}]+"));
     return QString(typed).replace(breaks, QStringLiteral(" "));
 }
 
-QString plainLines(const QString& typed) {
+QString PlainLines(const QString& typed) {
     static const QRegularExpression breaks(QStringLiteral("[\\x0b\\x0c\\x85\\x{2028}\\x{2029}]"));
     static const QRegularExpression others(QStringLiteral("[\\x00-\\x08\\x0e-\\x1f\\x7f-\\x9f]"));
     return QString(typed).replace(breaks, QStringLiteral("\n")).remove(others);
 }
 
-QString brokenNameRule(const QString& name) {
+QString BrokenNameRule(const QString& name) {
     return name.isEmpty() ? Rules::tr("任务名称不能为空") : QString();
 }
 
-QString firstBrokenRule(const DISCLOSUREPACKAGE::TaskRecord& task, QDate today) {
-    const QDate start = dateOf(task.constructionStartDateMills);
-    const QDate end = dateOf(task.constructionEndDateMills);
-    const QDate deadline = dateOf(task.expiryDateMills);
-    if (const QString broken = brokenNameRule(FromWide(task.name)); !broken.isEmpty())
-        return broken;
+QString TooManyDocuments() {
+    return Rules::tr("最多可关联10份资料");
+}
+
+QString StartsAfterEnd(const DISCLOSUREPACKAGE::TaskRecord& task) {
+    const QDate start = DayOf(task.constructionStartDateMills);
+    const QDate end = DayOf(task.constructionEndDateMills);
+    return start.isValid() && end.isValid() && end < start ? Rules::tr("施工开始日期不得大于施工结束日期") : QString();
+}
+
+BrokenRule FirstBrokenRule(const DISCLOSUREPACKAGE::TaskRecord& task, QDate today) {
+    const QDate deadline = DayOf(task.expiryDateMills);
+    if (const QString broken = BrokenNameRule(FromWide(task.name)); !broken.isEmpty())
+        return {QStringLiteral("taskName"), broken};
     if (task.disclosureUserName.empty())
-        return Rules::tr("请选择交底人");
+        return {QStringLiteral("disName"), Rules::tr("请选择交底人")};
     if (task.disclosureTaskReceiveUserList.empty())
-        return Rules::tr("请选择接受交底人");
-    if (start.isValid() && end.isValid() && end < start)
-        return Rules::tr("施工开始日期不得大于施工结束日期");
+        return {QStringLiteral("receiveName"), Rules::tr("请选择接受交底人")};
+    if (const QString broken = StartsAfterEnd(task); !broken.isEmpty())
+        return {QStringLiteral("constEndDate"), broken};
     if (!deadline.isValid())
-        return Rules::tr("请输入截止日期");
+        return {QStringLiteral("endDate"), Rules::tr("请输入截止日期")};
     if (deadline < today)
-        return Rules::tr("截止日期不能小于发布日期");
+        return {QStringLiteral("endDate"), Rules::tr("截止日期不能小于发布日期")};
     if (task.disclosureTaskDocList.empty())
-        return Rules::tr("请关联或上传交底资料");
-    if (task.disclosureTaskDocList.size() > kMostDocuments)
-        return Rules::tr("最多可关联10份资料");
+        return {QStringLiteral("connectdoclist"), Rules::tr("请关联或上传交底资料")};
+    if (task.disclosureTaskDocList.size() > DISCLOSUREPACKAGE::kMostDocuments)
+        return {QStringLiteral("connectdoclist"), TooManyDocuments()};
     return {};
 }

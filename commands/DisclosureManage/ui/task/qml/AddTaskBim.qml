@@ -6,6 +6,7 @@ import UI 1.0
 // The viewports and rebar nodes that the task is linked with.
 Item {
     property real captionSpace: 0
+    property alias form: overflow.form
 
     function iconOf(node) {
         return node.nodeType === 1 ? "qrc:/ui/Images/viewport.png"
@@ -41,6 +42,10 @@ Item {
                 selected: styleData.selected
                 Accessible.role: Accessible.TreeItem
                 onRemoveWanted: addTaskModel.onClickDelBIMItem(node)
+            }
+            WheelPass {
+                id: overflow
+                content: tree.flickableItem
             }
             Keys.onDeletePressed: {
                 if (currentIndex.valid)

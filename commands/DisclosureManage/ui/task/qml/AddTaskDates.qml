@@ -7,6 +7,10 @@ GridLayout {
     id: dates
 
     property real captionSpace: 0
+    readonly property Item endField: end.field
+    readonly property Item deadlineField: deadline.field
+    readonly property bool typing: start.value !== addTaskModel.constStartDate || end.value !== addTaskModel.constEndDate
+                                   || plan.value !== addTaskModel.planDate || deadline.value !== addTaskModel.endDate
 
     // False, with the keyboard in the first such field, while what was typed is no date that could be saved.
     function settled() {
@@ -23,6 +27,7 @@ GridLayout {
     columnSpacing: 30
 
     UxNameCalendar {
+        id: start
         Layout.fillWidth: true
         Layout.preferredWidth: 1
         name: qsTr("施工开始日期：")
@@ -33,6 +38,7 @@ GridLayout {
         onRefused: addTaskModel.onDateRefused(why)
     }
     UxNameCalendar {
+        id: end
         Layout.fillWidth: true
         Layout.preferredWidth: 1
         name: qsTr("施工结束日期：")
@@ -43,6 +49,7 @@ GridLayout {
         onRefused: addTaskModel.onDateRefused(why)
     }
     UxNameCalendar {
+        id: plan
         Layout.fillWidth: true
         Layout.preferredWidth: 1
         name: qsTr("计划交底日期：")
@@ -52,6 +59,7 @@ GridLayout {
         onRefused: addTaskModel.onDateRefused(why)
     }
     UxNameCalendar {
+        id: deadline
         Layout.fillWidth: true
         Layout.preferredWidth: 1
         name: qsTr("截止日期：")

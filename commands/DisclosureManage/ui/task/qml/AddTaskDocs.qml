@@ -6,10 +6,12 @@ import UI 1.0
 // The documents that the task is linked with.
 Item {
     property real captionSpace: 0
+    readonly property alias uploadButton: uploadButton
 
-    UxLabel {
-        height: UxTheme.fieldHeight
-        text: qsTr("关联资料：")
+    UxCaption {
+        y: (UxTheme.fieldHeight - height) / 2
+        mustfill: true
+        name: qsTr("关联资料：")
     }
     ColumnLayout {
         anchors.fill: parent
@@ -20,9 +22,16 @@ Item {
 
             LaterButton { text: qsTr("关联资料库") }
             UxButton {
+                id: uploadButton
                 Layout.preferredHeight: UxTheme.fieldHeight
                 text: qsTr("本地上传")
                 onClicked: addTaskModel.onClickUploadDoc()
+            }
+            UxToolTipText {
+                Layout.fillWidth: true
+                wrapText: true
+                color: UxTheme.placeholderText
+                text: addTaskModel.docsHint
             }
         }
         Rectangle {

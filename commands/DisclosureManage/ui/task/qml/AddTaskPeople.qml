@@ -5,8 +5,12 @@ import UI 1.0
 // The name of the task and its people.
 ColumnLayout {
     property real captionSpace: 0
+    readonly property Item nameField: name.field
+    readonly property alias ownerButton: ownerButton
+    readonly property alias receiverButton: receiverButton
 
     UxNameTextField {
+        id: name
         Layout.fillWidth: true
         name: qsTr("任务名称：")
         mustfill: true

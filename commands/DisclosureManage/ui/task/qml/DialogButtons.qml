@@ -3,6 +3,8 @@ import UI 1.0
 
 // "确定" and "取消" on either side of the middle, 10 above the bottom of the window, whose border is one of them.
 Item {
+    property alias acceptText: ok.text
+
     signal accepted()
     signal rejected()
 

@@ -2,12 +2,13 @@ import QtQuick 2.12
 import QtQuick.Layouts 1.12
 import UI 1.0
 
-// The page of a small dialog: a title bar without a maximise button, and below it what the dialog adds, from the top
-// down. A double click on the title maximises, Escape closes.
+// The page of a dialog: a title bar, without a maximise button unless it is wanted, and below it what the dialog adds,
+// from the top down. A double click on the title maximises, Escape closes.
 Rectangle {
     id: root
 
     property alias title: titleBar.title
+    property alias hasMaxButton: titleBar.hasMaxButton
     default property alias content: column.data
 
     signal close()
@@ -15,6 +16,9 @@ Rectangle {
     signal titlebarPressed()
     signal titlebarPositionChanged()
     signal titlebarDbClick()
+
+    // Something behind the dialog was clicked.
+    function mark() { windowMark.flash() }
 
     color: UxTheme.background
     border.width: 1
@@ -37,4 +41,5 @@ Rectangle {
             onTitlebarDbClick: root.titlebarDbClick()
         }
     }
+    UxWindowMark { id: windowMark }
 }

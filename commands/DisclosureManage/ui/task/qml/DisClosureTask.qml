@@ -4,36 +4,30 @@ import QtQuick.Layouts 1.12
 import QtQuick.Window 2.12
 import UI 1.0
 
-// The task editor. Escape does not close it: what was typed would be gone by a slip of the hand.
-Rectangle {
+// The task editor: the form, which scrolls, above the buttons, which are always in sight.
+DialogPage {
     id: root
 
-    property alias title: titleBar.title
     readonly property Item focusedItem: Window.activeFocusItem
     readonly property int captionSpace: 100
+    // A date is being typed, which the task does not have yet.
+    readonly property bool typing: dates.typing
 
-    signal close()
-    signal toggleMaximized()
-    signal titlebarPressed()
-    signal titlebarPositionChanged()
-    signal titlebarDbClick()
-
-    color: UxTheme.background
-    border.width: 1
-    border.color: UxTheme.windowBorder
+    title: qsTr("交底任务")
+    hasMaxButton: true
     onFocusedItemChanged: form.reveal(focusedItem)
 
-    WindowTitleBar {
-        id: titleBar
-        x: 1
-        y: 1
-        width: parent.width - 2
-        title: qsTr("交底任务")
-        onClose: root.close()
-        onToggleMaximized: root.toggleMaximized()
-        onTitlebarPressed: root.titlebarPressed()
-        onTitlebarPositionChanged: root.titlebarPositionChanged()
-        onTitlebarDbClick: root.titlebarDbClick()
+    Connections {
+        target: addTaskModel
+        // The keyboard goes where the task has to be mended, and the form follows it.
+        function onFieldRefused(field) {
+            var places = {
+                "taskName": people.nameField, "disName": people.ownerButton, "receiveName": people.receiverButton,
+                "constEndDate": dates.endField, "endDate": dates.deadlineField, "connectdoclist": docs.uploadButton
+            }
+            if (places[field])
+                places[field].forceActiveFocus(Qt.TabFocusReason)
+        }
     }
 
     Flickable {
@@ -49,21 +43,17 @@ Rectangle {
             var top = item.mapToItem(contentItem, 0, 0).y
             var shown = Math.min(item.height, height)
             if (top < contentY)
-                contentY = Math.max(0, top - 10)
+                scrollTo(top - 10)
             else if (top + shown > contentY + height)
-                contentY = Math.min(contentHeight - height, top + shown + 10 - height)
+                scrollTo(top + shown + 10 - height)
         }
+        function scrollTo(y) { contentY = Math.max(0, Math.min(y, contentHeight - height)) }
 
-        anchors.top: titleBar.bottom
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.bottom: parent.bottom
-        anchors.leftMargin: 1
-        anchors.rightMargin: 1
-        anchors.bottomMargin: 9
+        Layout.fillWidth: true
+        Layout.fillHeight: true
         clip: true
         contentWidth: width
-        contentHeight: Math.max(770, root.height - titleBar.height - 10)
+        contentHeight: Math.max(770, height)
         boundsBehavior: Flickable.StopAtBounds
         ScrollBar.vertical: UxScrollBar {}
 
@@ -72,10 +62,11 @@ Rectangle {
             x: 30
             y: 20
             width: form.width - 60
-            height: form.contentHeight - 20
+            height: form.contentHeight - 40
             spacing: 12
 
             AddTaskPeople {
+                id: people
                 Layout.fillWidth: true
                 captionSpace: root.captionSpace
                 spacing: 12
@@ -91,49 +82,50 @@ Rectangle {
                 Layout.fillHeight: true
                 Layout.minimumHeight: 150
                 captionSpace: root.captionSpace
+                form: form
             }
             AddTaskDocs {
+                id: docs
                 Layout.fillWidth: true
                 Layout.fillHeight: true
                 Layout.minimumHeight: 150
                 captionSpace: root.captionSpace
             }
-            Item {
+            AddTaskRemark {
                 Layout.fillWidth: true
                 Layout.preferredHeight: 100
-
-                UxLabel {
-                    height: UxTheme.fieldHeight
-                    text: qsTr("备注：")
-                }
-                UxTextArea {
-                    anchors.fill: parent
-                    anchors.leftMargin: root.captionSpace
-                    maxlength: 300
-                    maxlengthEnable: true
-                    text: addTaskModel.remark
-                    Accessible.name: qsTr("备注")
-                    onTextChanged: addTaskModel.remark = text
-                }
+                captionSpace: root.captionSpace
+                form: form
             }
-            Row {
-                Layout.alignment: Qt.AlignHCenter
-                spacing: 20
+        }
+    }
+    Rectangle {
+        Layout.fillWidth: true
+        Layout.preferredHeight: 1
+        color: UxTheme.windowBorder
+    }
+    // Publishing cannot be taken back and stands apart.
+    RowLayout {
+        Layout.fillWidth: true
+        Layout.leftMargin: 30
+        Layout.rightMargin: 30
+        Layout.topMargin: 9
+        Layout.bottomMargin: 9
+        spacing: 20
 
-                UxButton {
-                    text: qsTr("发布交底")
-                    onClicked: if (dates.settled()) addTaskModel.onClickRelease()
-                }
-                UxButton {
-                    text: qsTr("保存计划")
-                    onClicked: if (dates.settled()) addTaskModel.onClickSave()
-                }
-                UxButton {
-                    text: qsTr("取消")
-                    focusPolicy: Qt.TabFocus  // what is given up need not be judged, as it is when its field is left
-                    onClicked: root.close()
-                }
-            }
+        UxButton {
+            text: qsTr("发布交底")
+            onClicked: if (dates.settled()) addTaskModel.onClickRelease()
+        }
+        Item { Layout.fillWidth: true }
+        UxButton {
+            text: qsTr("保存计划")
+            onClicked: if (dates.settled()) addTaskModel.onClickSave()
+        }
+        UxButton {
+            text: qsTr("取消")
+            focusPolicy: Qt.TabFocus  // what is given up need not be judged, as it is when its field is left
+            onClicked: root.close()
         }
     }
 }

@@ -32,6 +32,23 @@ DialogPage {
             field.selectAll()
         }
     }
+    UxText {
+        Layout.fillWidth: true
+        Layout.maximumWidth: 600
+        Layout.alignment: Qt.AlignHCenter
+        Layout.leftMargin: 15
+        Layout.rightMargin: 15
+        Layout.bottomMargin: 10
+        visible: text !== ""
+        wrapMode: Text.Wrap
+        maximumLineCount: 4
+        elide: Text.ElideRight
+        color: UxTheme.requiredMark
+        textFormat: Text.PlainText
+        text: theWnd.note
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: text
+    }
     DialogButtons {
         Layout.fillWidth: true
         onAccepted: root.save()
