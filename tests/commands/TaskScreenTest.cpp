@@ -28,6 +28,8 @@ protected:
     }
     void doubleClick(const ModalWindow& window, const QQuickItem* item) {
         ASSERT_TRUE(item);
+        QTest::mouseMove(window.view(), support::centreOf(const_cast<QQuickItem*>(item)));  // a tool tip goes
+        ModalWindow::settle();
         QTest::mouseDClick(window.view(), Qt::LeftButton, {},
                            item->mapToScene({item->width() / 2, item->height() / 2}).toPoint());
         ModalWindow::settle();

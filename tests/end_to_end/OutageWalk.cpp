@@ -53,7 +53,7 @@ void expectBeginning(QQuickView* view, const QString& text) {
 }  // namespace
 
 void walkOutage(QQuickView* view, ServiceProbe& service) {
-    const QString catalog = QStringLiteral("土建工程");
+    const QString catalog = QStringLiteral("机电安装");
     const QString searched = QStringLiteral("柱");
     const QJsonObject page = service.tasks(service.catalogId(catalog));
     support::click(support::findByProperty(view, "placeholderText", QStringLiteral("请输入名称进行搜索")));

@@ -8,8 +8,8 @@ UxToolTipText {
     readonly property var task: model && model.item ? model.item : null
 
     property var table
-    // The task lies below the listed catalog: the tool tip of its name says where.
-    readonly property bool liesBelow: styleData.role === "name" && task !== null && task.catalog_path !== ""
+    // Where a task below the listed catalog lies, which the tool tip of its name says.
+    readonly property string place: styleData.role === "name" && task ? task.catalog_path : ""
     // A filled dot stands before what is published, an empty one before what is not.
     property bool marksReleased: false
     readonly property string releasedText: task && task.released ? qsTr("已发布") : qsTr("未发布")
@@ -25,8 +25,8 @@ UxToolTipText {
     leftPadding: marksReleased ? 22 : 6
     rightPadding: 6
     text: task ? task[styleData.role] : ""
-    toolTipText: liesBelow ? text + "\n" + qsTr("目录：") + task.catalog_path : text
-    tooltipVisible: text !== "" && (truncated || liesBelow)
+    toolTipText: place === "" ? text : text + "\n" + qsTr("目录：") + place
+    tooltipVisible: text !== "" && (truncated || place !== "")
     activeFocusOnTab: styleData.selected
     Accessible.role: Accessible.Button
     Accessible.name: marksReleased ? text + " " + releasedText : text
