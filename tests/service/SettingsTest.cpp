@@ -126,9 +126,9 @@ TEST_F(SettingsTest, TheManualNamesEveryKeyWithItsDefault) {
         known.insert(row.key);
     EXPECT_EQ(named, known);
     const Settings defaults;
-    std::string readable = block;  // an empty name of a file is no file
-    readable.erase(readable.find("password_file"),
-                   readable.find('\n', readable.find("password_file")) - readable.find("password_file"));
+    std::string readable = block;
+    const auto password = readable.find("\npassword_file") + 1;  // an empty name of a file is no file
+    readable.erase(password, readable.find('\n', password) - password);
     const Settings written = read(readable);
     for (const Row& row : rows()) {
         const std::string key = row.key;
