@@ -54,6 +54,7 @@ const std::vector<Row>& rows() {
         {"files.folder", R"("x")", "x", SEEN(filesFolder)},
         {"files.quota_megabytes", "7", "7", SEEN(quotaMegabytes)},
         {"files.keep_hours", "7", "7", SEEN(keepHours)},
+        {"files.aside_days", "7", "7", SEEN(asideDays)},
         {"files.uploads", "7", "7", SEEN(dispatcher.uploads)},
         {"files.uploads_of_one", "7", "7", SEEN(dispatcher.uploadsOfOne)},
         {"files.downloads", "7", "7", SEEN(dispatcher.downloads)},
@@ -126,9 +127,9 @@ TEST_F(SettingsTest, TheManualNamesEveryKeyWithItsDefault) {
         known.insert(row.key);
     EXPECT_EQ(named, known);
     const Settings defaults;
-    std::string readable = block;  // an empty name of a file is no file
-    readable.erase(readable.find("password_file"),
-                   readable.find('\n', readable.find("password_file")) - readable.find("password_file"));
+    std::string readable = block;
+    const auto password = readable.find("\npassword_file") + 1;  // an empty name of a file is no file
+    readable.erase(password, readable.find('\n', password) - password);
     const Settings written = read(readable);
     for (const Row& row : rows()) {
         const std::string key = row.key;

@@ -1,5 +1,7 @@
 // Feeds bytes to the real connection over a socket, and with them through the real framing, checks, routes and rules.
 // Whatever comes must be answered in known ways, one after the other, and the connection must end.
+#include <boost/asio/executor_work_guard.hpp>
+#include <boost/asio/io_context.hpp>
 #include <boost/asio/local/connect_pair.hpp>
 #include <boost/asio/local/stream_protocol.hpp>
 #include <boost/asio/read.hpp>
@@ -7,6 +9,7 @@
 #include <boost/asio/write.hpp>
 #include <boost/beast/http/parser.hpp>
 #include <boost/beast/http/string_body.hpp>
+#include <chrono>
 #include <cstdint>
 #include <cstdlib>
 #include <iostream>
@@ -40,6 +43,8 @@ struct Subject {
     Service service{{{}, {}, [] { return Now; }, Passwords::Cost::Lowest}, files};
     Clients clients{{"127.0.0.1"}};
     ConnectionLimits limits;
+    asio::io_context io;  // outlives the threads that hand over to it
+    asio::executor_work_guard<asio::io_context::executor_type> guard{io.get_executor()};
     std::unique_ptr<IStore> store;
     std::unique_ptr<Dispatcher> dispatcher;
 
@@ -68,21 +73,26 @@ struct Subject {
 
     /// Sends the bytes, says that no more will come, and returns all that is answered until the connection ends.
     std::string answersTo(const std::string& bytes) {
-        asio::io_context io;
         asio::local::stream_protocol::socket client(io);
         asio::local::stream_protocol::socket server(io);
         asio::local::connect_pair(client, server);
         asio::ip::tcp::socket socket(asio::make_strand(io), asio::ip::tcp::v4(), server.release());
-        std::make_shared<Connection>(std::move(socket), asio::ip::address_v4::loopback(), *dispatcher, clients, limits,
-                                     nullptr)
-            ->start();
+        auto connection = std::make_shared<Connection>(std::move(socket), asio::ip::address_v4::loopback(), *dispatcher,
+                                                       clients, limits, nullptr);
+        const std::weak_ptr<Connection> open = connection;
+        connection->start();
+        connection.reset();
         std::string answers;
-        asio::async_read(client, asio::dynamic_buffer(answers), [](auto, auto) {});
+        bool isRead = false;
+        bool isWritten = false;
+        asio::async_read(client, asio::dynamic_buffer(answers), [&](auto, auto) { isRead = true; });
         asio::async_write(client, asio::buffer(bytes), [&](auto, auto) {
             boost::system::error_code ignored;
             client.shutdown(asio::socket_base::shutdown_send, ignored);
+            isWritten = true;
         });
-        io.run();
+        while (!isRead || !isWritten || !open.expired())
+            io.run_one_for(std::chrono::milliseconds(1));
         return answers;
     }
 };
