@@ -11,6 +11,7 @@
 
 #include "bench/Report.h"
 #include "plugin/service/CDisclosureManageMgr.h"
+#include "sdk/basetools/TextConversion.h"
 #include "tests/support/FakeHost.h"
 #include "tests/support/RawHttpServer.h"
 
