@@ -11,7 +11,6 @@
 
 #include "bench/Report.h"
 #include "plugin/service/CDisclosureManageMgr.h"
-#include "sdk/basecore/ManagerNames.h"
 #include "sdk/basetools/TextConversion.h"
 #include "tests/support/FakeHost.h"
 #include "tests/support/RawHttpServer.h"

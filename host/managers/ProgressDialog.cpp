@@ -113,6 +113,7 @@ bool ProgressDialog::ShowWaiting(bool canCancel, int64_t done, int64_t total) {
     m_cancel->setVisible(canCancel);
     m_details->show();
     m_bar->setRange(0, total > 0 ? kSteps : 0);
+    m_bar->setVisible(total > 0);  // without an end it would stand still, as no timer moves it
     if (total > 0) {
         const auto inMB = [](int64_t bytes) { return QString::number(static_cast<double>(bytes) / kMiB, 'f', 1); };
         m_bar->setValue(static_cast<int>(done * kSteps / total));
@@ -130,6 +131,7 @@ void ProgressDialog::EndWaiting() {
     m_dialog->canCancel = false;
     m_dialog->isCancelled = false;
     m_bar->setRange(0, 0);
+    m_bar->show();
     m_details->hide();
 }
 

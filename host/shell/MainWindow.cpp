@@ -227,7 +227,9 @@ void MainWindow::setProjects(const std::vector<PROJECTPACKAGE::ProjectRecord>& p
 void MainWindow::showProject(int index, const QString& name, const QString& deptName) {
     m_projects->setCurrentIndex(index);
     m_projectTitle->setText(name.isEmpty() ? tr("没有打开的工程") : name);
-    m_projectDetails->setText(name.isEmpty() ? tr("请在右上角选择工程，列表为空时请刷新") : deptName);
+    m_projectDetails->setText(!name.isEmpty()           ? deptName
+                              : m_commands->isEnabled() ? tr("请在右上角选择工程，列表为空时请刷新")
+                                                        : tr("请先在右上角登录"));
 }
 
 void MainWindow::showServiceState(bool alive, const QString& text) {

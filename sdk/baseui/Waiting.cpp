@@ -56,13 +56,15 @@ public:
         }
         if (!m_isShown && m_dialog && m_elapsed.hasExpired(m_waiting.dialogAfter.count()))
             show();
+        if (m_isShown && !step())
+            return false;
         fireWindowTimers();
         // Input stays with the window system until somebody is there to take it.
         QWidget* window = m_isShown ? m_dialog->GetWindow() : nullptr;
         m_gate.open(window);
         QCoreApplication::processEvents(window ? QEventLoop::X11ExcludeTimers
                                                : QEventLoop::X11ExcludeTimers | QEventLoop::ExcludeUserInputEvents);
-        return !m_isShown || step();
+        return true;
     }
 
 private:

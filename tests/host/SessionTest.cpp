@@ -86,7 +86,8 @@ TEST_F(Session, AFreshOneThatIsRefusedAgainIsNotRenewedOnceMore) {
     platform.expireSessions();
     EXPECT_FALSE(renew()) << "too early after the last renewal";
     EXPECT_EQ(boxes, 0);
-    QTest::qWait(20);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return boxes > 0; }));
+    QCoreApplication::processEvents();
     EXPECT_EQ(boxes, 1) << "said once";
     BASEUI::SetMessageBoxHandler({});
     makeManager(std::chrono::seconds(0));
@@ -155,7 +156,7 @@ TEST_F(Session, AReportShowsTextAndCode) {
     });
     rest->ReportStatus(4001, L"目录名称已存在");
     EXPECT_EQ(shown, L"") << "the refused call returns first";
-    QTest::qWait(20);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !shown.empty(); }));
     EXPECT_EQ(shown, L"目录名称已存在（4001）");
     BASEUI::SetMessageBoxHandler({});
 }

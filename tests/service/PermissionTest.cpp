@@ -191,8 +191,8 @@ TEST(PermissionsAbove, MembersOfTheOrganisationReachWhatIsBelow) {
     store->putRights("demo-org", "sunli", {Right::EditCatalogs});
     Client client = service.loggedIn("sunli");
     EXPECT_EQ(client.post(SavePath, saveBody(SecondDept, "", "全部", "")).code(), 200);
-    EXPECT_EQ(client.get("/rs/platform/projects").json()["result"].Size(), 2U);
-    EXPECT_EQ(client.get("/rs/platform/departments?deptId=demo-org").json()["result"].Size(), 3U);
+    EXPECT_EQ(client.get("/rs/platform/projects").json()["result"].Size(), 3U);
+    EXPECT_EQ(client.get("/rs/platform/departments?deptId=demo-org").json()["result"].Size(), 4U);
     EXPECT_EQ(client.get("/rs/platform/users?deptId=demo-org").json()["result"].Size(), 8U) << "each person once";
     EXPECT_EQ(service.loggedIn("demo").get("/rs/platform/departments?deptId=demo-org").code(), 404);
 }
