@@ -52,7 +52,8 @@ inline constexpr auto NeighbourBefore = DISCLOSURE_CATALOG
     "WHERE c.dept_id = :dept AND c.parent_id = :parent AND c.sort < :sort ORDER BY c.sort DESC LIMIT 1";
 inline constexpr auto NeighbourAfter =
     DISCLOSURE_CATALOG "WHERE c.dept_id = :dept AND c.parent_id = :parent AND c.sort > :sort ORDER BY c.sort LIMIT 1";
-inline constexpr auto CatalogCount = "SELECT COUNT(*) FROM catalog WHERE dept_id = :dept AND removal = 0";
+/// Those that are going are among them.
+inline constexpr auto CatalogCount = "SELECT COUNT(*) FROM catalog WHERE dept_id = :dept";
 inline constexpr auto NextSort =
     "SELECT COALESCE(MAX(sort) + 1, 0) FROM catalog WHERE dept_id = :dept AND parent_id = :parent";
 inline constexpr auto SubtreeTasks =
@@ -232,7 +233,7 @@ inline constexpr auto DepartmentsFrom =
 inline constexpr auto PeopleFrom = DISCLOSURE_BELOW
     "SELECT p.username, p.realname, p.head_uuid, COALESCE(MAX(CASE WHEN m.dept_id = p.dept_id THEN p.dept_id END), "
     "MIN(m.dept_id)) FROM below b CROSS JOIN member m CROSS JOIN person p WHERE m.dept_id = b.dept_id "
-    "AND p.username = m.username AND p.active = 1 GROUP BY p.username, p.realname, p.head_uuid ORDER BY p.username";
+    "AND p.username = m.username AND +p.active = 1 GROUP BY p.username, p.realname, p.head_uuid ORDER BY p.username";
 inline constexpr auto ProjectsOf = DISCLOSURE_REACH
     "SELECT p.ppid, p.name, p.dept_id FROM project p WHERE p.dept_id IN (SELECT dept_id FROM reach) ORDER BY p.ppid";
 inline constexpr auto RightsOf =
