@@ -233,7 +233,8 @@ inline constexpr auto DepartmentsFrom =
 inline constexpr auto PeopleFrom = DISCLOSURE_BELOW
     "SELECT p.username, p.realname, p.head_uuid, COALESCE(MAX(CASE WHEN m.dept_id = p.dept_id THEN p.dept_id END), "
     "MIN(m.dept_id)) FROM below b CROSS JOIN member m CROSS JOIN person p WHERE m.dept_id = b.dept_id "
-    "AND p.username = m.username AND +p.active = 1 GROUP BY p.username, p.realname, p.head_uuid ORDER BY p.username";
+    "AND p.username = m.username GROUP BY p.username, p.realname, p.head_uuid HAVING MAX(p.active) = 1 ORDER BY "
+    "p.username";
 inline constexpr auto ProjectsOf = DISCLOSURE_REACH
     "SELECT p.ppid, p.name, p.dept_id FROM project p WHERE p.dept_id IN (SELECT dept_id FROM reach) ORDER BY p.ppid";
 inline constexpr auto RightsOf =

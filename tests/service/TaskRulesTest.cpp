@@ -264,7 +264,7 @@ TEST_F(TaskRules, StatusFollowsFromPublishingConfirmationsAndTheDay) {
     EXPECT_EQ(page("status=3"), Ids{});
     EXPECT_EQ(page("status=1"), Ids{"plan"});
 
-    const std::string photo(32, 'a');
+    const std::string photo(32, 'b');
     const std::string md5 = service.addFile(FirstDept, photo, "jpg");
     service.run("UPDATE stored_file SET uploaded_by = 'chenwei'");
     EXPECT_EQ(by("chenwei", "confirm_by_disclosure_user", "t",
