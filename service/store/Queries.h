@@ -52,7 +52,8 @@ inline constexpr auto NeighbourBefore = DISCLOSURE_CATALOG
     "WHERE c.dept_id = :dept AND c.parent_id = :parent AND c.sort < :sort ORDER BY c.sort DESC LIMIT 1";
 inline constexpr auto NeighbourAfter =
     DISCLOSURE_CATALOG "WHERE c.dept_id = :dept AND c.parent_id = :parent AND c.sort > :sort ORDER BY c.sort LIMIT 1";
-inline constexpr auto CatalogCount = "SELECT COUNT(*) FROM catalog WHERE dept_id = :dept AND removal = 0";
+/// Those that are going are among them.
+inline constexpr auto CatalogCount = "SELECT COUNT(*) FROM catalog WHERE dept_id = :dept";
 inline constexpr auto NextSort =
     "SELECT COALESCE(MAX(sort) + 1, 0) FROM catalog WHERE dept_id = :dept AND parent_id = :parent";
 inline constexpr auto SubtreeTasks =

@@ -168,15 +168,15 @@ OwnTaskPage SqlStore::pageOwnTasks(const OwnTaskFilter& filter) {
     // Each way gives every task once and in their order, so that a page is merged from their beginnings.
     std::string own;
     const auto add = [&](const std::string& from) {
-        own += (own.empty() ? "SELECT t.rid AS rid " : " UNION ALL SELECT t.rid ") + from + conditions;
+        own += (own.empty() ? "SELECT " : " UNION ALL SELECT ") + from + conditions;
     };
     const auto addReceived = [&](int shown) {
-        add("FROM task_receiver r INDEXED BY task_receiver_person CROSS JOIN task t WHERE r.username = :username AND "
-            "r.shown = " +
+        add("r.task_rid AS rid FROM task_receiver r INDEXED BY task_receiver_person CROSS JOIN task t WHERE "
+            "r.username = :username AND r.shown = " +
             std::to_string(shown) + " AND t.rid = r.task_rid");
     };
     if (filter.role != Role::Receiver)
-        add("FROM task t INDEXED BY task_of_discloser WHERE t.discloser = :username");
+        add("t.rid AS rid FROM task t INDEXED BY task_of_discloser WHERE t.discloser = :username");
     if (filter.role != Role::Discloser)
         addReceived(ToReceive);
     if (filter.role == Role::Receiver)

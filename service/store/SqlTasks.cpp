@@ -34,7 +34,7 @@ constexpr auto UpdateProgress =
     "UPDATE task SET remark = :remark, updated_by = :by, updated_at = :at, confirmed_at = :confirmed, "
     "confirm_remark = :confirm, urged_at = :urged WHERE dept_id = :dept AND task_id = :id";
 
-/// What the indexes and triggers know of the task, but for the time of its last change.
+/// What the indexes and triggers know of the task, but for its people, its state, and the time of its last change.
 auto knownOf(const Task& t) {
     return std::tie(t.catalogId, t.name, t.discloser, t.constructionStart, t.constructionEnd, t.planDisclosure,
                     t.actualDisclosure, t.expiry, t.published);
@@ -162,7 +162,8 @@ void SqlStore::addTask(const Task& task) {
 }
 
 void SqlStore::putTask(const Task& task, const Task& before) {
-    const bool progresses = knownOf(task) == knownOf(before) && task.state() == before.state();
+    const bool progresses =
+        knownOf(task) == knownOf(before) && task.receivers == before.receivers && task.state() == before.state();
     if (progresses)
         m_statements.run(UpdateProgress, use(task.remark, "remark"), use(task.updatedBy, "by"),
                          use(task.updatedAt, "at"), use(task.confirmedAt, "confirmed"),

@@ -110,8 +110,8 @@ protected:
     TaskPlans() : database(folder.file("plans.db")) {
         database.migrate();
         store = database.connect();
-        seedLoad(*store, Passwords(Passwords::Cost::Lowest), {"Dept_1", 3000, 60, 7});
-        seedLoad(*store, Passwords(Passwords::Cost::Lowest), {"dept_1", 3000, 60, 7});  // with the same names
+        seedLoad(*store, Passwords(Passwords::Cost::Lowest), {"Dept_1", 3000, 22, 7});
+        seedLoad(*store, Passwords(Passwords::Cost::Lowest), {"dept_1", 3000, 22, 7});  // with the same names
     }
     static TaskFilter everything() {
         TaskFilter filter;
@@ -122,7 +122,7 @@ protected:
     }
     std::vector<TaskFilter> filters() const {
         std::vector<TaskFilter> all;
-        for (const char* catalog : {"", "Dept_1-c0", "Dept_1-c3", "Dept_1-c30"}) {
+        for (const char* catalog : {"", "Dept_1-c0", "Dept_1-c3", "Dept_1-c14"}) {
             for (int status = 0; status <= 4; ++status) {
                 for (const char* keyword : {"", "梁", "钢筋", "样板引路"}) {
                     TaskFilter filter = everything();
@@ -249,7 +249,7 @@ TEST_F(TaskPlans, EveryFilterFindsWhatReadingAllOfThemFinds) {
     std::set<std::string> gone;
     for (const Task& task : store->pageTasks(below).tasks)
         gone.insert(task.id);
-    ASSERT_GT(gone.size(), 1000U);
+    ASSERT_GT(gone.size(), 500U);
     LogEntry entry;
     entry.id = "removal";
     entry.deptId = "Dept_1";
@@ -263,9 +263,7 @@ TEST_F(TaskPlans, EveryFilterFindsWhatReadingAllOfThemFinds) {
     };
     EXPECT_EQ(rows(), 6000) << "not yet";
     std::erase_if(all.tasks, [&](const Task& task) { return gone.contains(task.id); });
-    std::vector<TaskFilter> left = filters();
-    std::erase_if(left, [](const TaskFilter& filter) { return filter.catalogId == "Dept_1-c30"; });
-    checkFilters(*store, left, all);
+    checkFilters(*store, filters(), all);
     EXPECT_FALSE(store->task("Dept_1", *gone.begin()));
     EXPECT_TRUE(store->tasksOfPerson("Dept_1", *gone.begin()).empty());
     EXPECT_FALSE(store->catalog("Dept_1", "Dept_1-c1") || store->childNamed("Dept_1", "Dept_1-c0", building.name));
@@ -277,10 +275,10 @@ TEST_F(TaskPlans, EveryFilterFindsWhatReadingAllOfThemFinds) {
     EXPECT_EQ(all.total, 3001 - std::ssize(gone));
     store->clearRemoved(100);
     EXPECT_EQ(rows(), 6000 - 100);
-    checkFilters(*store, left, all);
+    checkFilters(*store, filters(), all);
     clearRemoved(*store, [] { return true; });
     EXPECT_EQ(rows(), 6001 - std::ssize(gone));
-    checkFilters(*store, left, all);
+    checkFilters(*store, filters(), all);
     LogFilter log;
     log.deptId = "Dept_1";
     log.taskId = *gone.rbegin();
@@ -313,7 +311,7 @@ TEST_F(TaskPlans, EveryStatementReadsTheIndexItIsMeantTo) {
     const auto check = [&] {
         for (const TaskFilter& filter : filters()) {
             const bool whole = filter.catalogId.empty() || filter.catalogId == "Dept_1-c0";
-            const TaskPlan plan(filter, {whole, filter.catalogId == "Dept_1-c30", 1000, 1'000'000});
+            const TaskPlan plan(filter, {whole, filter.catalogId == "Dept_1-c14", 1000, 1'000'000});
             for (const TaskPlan::Path path : plan.paths()) {
                 for (const TaskSql& statement : {plan.probe(path, 10), plan.count(path), plan.page(path, 100)}) {
                     const std::string text = planOf(statement);
