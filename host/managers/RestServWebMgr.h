@@ -31,7 +31,8 @@ public:
 
 private:
     bool renew();
-    /// Once the call that was refused has returned, so that no timer re-enters it from within the box, and from no other one that waits.
+    /// Once the call that was refused has returned, so that no timer re-enters it from within the box, and from no
+    /// other one that waits.
     static void showLater(const QString& text);
 
     SessionKeeper& m_keeper;
