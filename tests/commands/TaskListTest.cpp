@@ -111,6 +111,8 @@ TEST_F(TaskList, AFailureLeavesThePageAndIsTriedAgain) {
     EXPECT_EQ(list.currentPage(), 1);
     EXPECT_EQ(list.shownCount(), 31);
     EXPECT_TRUE(list.reading()->isFailed() && !list.reading()->covers());
+    list.nextPage();
+    settle();
     service.refused.clear();
     service.queries.clear();
     list.nextPage();

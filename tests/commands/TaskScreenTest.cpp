@@ -371,6 +371,7 @@ TEST_F(TaskScreen, AnotherReadingKeepsThePlace) {
         auto* view = table(window)->property("flickableItem").value<QQuickItem*>();
         ASSERT_TRUE(QTest::qWaitFor([view] { return view->property("atYEnd").toBool(); }));
         const qreal top = view->property("contentY").toReal();
+        window.key(Qt::Key_Tab);  // into a cell, which goes with its row
         view->setProperty("contentX", 120);
         list->RefreshCurrentTaskInfo(true);
         settle();
