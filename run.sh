@@ -118,7 +118,7 @@ start_window_manager() {
 
 if [ -n "$smoke" ]; then
     number=$(free_display)
-    export DISPLAY=:$number HOME=$scratch LANG=C.UTF-8 TZ=Asia/Shanghai SMOKE_SERVICE_PID=${started[0]}
+    export DISPLAY=:$number HOME=$scratch LANG=C.UTF-8 TZ=Asia/Shanghai
     start display Xvfb ":$number" -screen 0 1600x1000x24 -nolisten tcp
     start_window_manager
     # The workbench reaches the service through a network that the walk can cut.

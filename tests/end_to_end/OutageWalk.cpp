@@ -13,12 +13,6 @@ using namespace screen;
 
 namespace {
 
-/// The network between the workbench and the service, which the script stands in for.
-void makeNetwork(int how) {
-    const auto proxy = static_cast<pid_t>(qEnvironmentVariableIntValue("SMOKE_PROXY_PID"));
-    expect(proxy > 0 && ::kill(proxy, how) == 0, "the network can be cut");
-}
-
 /// Once the dialog of a long wait is painted, during which no timer runs: a picture, and the network breaks.
 class BreakingWait : public QObject {
 public:
@@ -51,6 +45,11 @@ void expectBeginning(QQuickView* view, const QString& text) {
 }
 
 }  // namespace
+
+void makeNetwork(int how) {
+    const auto proxy = static_cast<pid_t>(qEnvironmentVariableIntValue("SMOKE_PROXY_PID"));
+    expect(proxy > 0 && ::kill(proxy, how) == 0, "the network can be cut");
+}
 
 void walkOutage(QQuickView* view, ServiceProbe& service) {
     const QString catalog = QStringLiteral("机电安装");

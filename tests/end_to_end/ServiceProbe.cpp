@@ -85,7 +85,3 @@ void ServiceProbe::endSession(const QByteArray& sessionId) {
     other.m_cookie = "JSESSIONID=" + sessionId;
     other.request("POST", "/rs/auth/logout", "{}");
 }
-
-bool ServiceProbe::isReady() {
-    return QJsonDocument::fromJson(request("GET", "/readyz", {})).object().value("code").toInt() == 200;
-}

@@ -28,7 +28,6 @@ public:
     QJsonObject messages();
     /// Ends somebody else's session.
     void endSession(const QByteArray& sessionId);
-    bool isReady();
 
 private:
     QJsonValue get(const QString& path);

@@ -1,3 +1,5 @@
+#include <csignal>
+
 #include <QApplication>
 #include <QCryptographicHash>
 #include <QDate>
@@ -12,7 +14,6 @@
 #include "sdk/basecore/ManagerNames.h"
 #include "tests/end_to_end/Editor.h"
 #include "tests/end_to_end/Screen.h"
-#include "tests/end_to_end/ServiceProcess.h"
 #include "tests/end_to_end/TaskRows.h"
 #include "tests/end_to_end/Walks.h"
 
@@ -162,12 +163,11 @@ void editWithoutService(QQuickView* view, ServiceProbe& service, const QString& 
             expect(editor::value(editor, kNameField) == kName, "the editor shows the task");
             expectText(editor, kFile);
             editor::enter(editor, kNameField, kNewName);
-            ServiceProcess process;
-            process.stop();
+            makeNetwork(SIGUSR2);
             answering("service-away", QStringLiteral("保存未完成："), [&] { editor::press(editor, kSave); });
             expect(editor->isVisible() && editor::value(editor, kNameField) == kNewName, "nothing typed is lost");
             expectSoon([] { return statusLineSays(QStringLiteral("服务无法连接")); }, "the status line says so");
-            process.start(service);
+            makeNetwork(SIGHUP);
             expectSoon([] { return statusLineSays(QStringLiteral("服务正常")); }, "the status line says so");
             editor::press(editor, kSave);
             expectSoon([&] { return service.task(id).value("name") == kNewName; }, "the service has the new name");

@@ -11,6 +11,8 @@ void walkTaskList(QQuickView* view, ServiceProbe& service);
 /// Creates a task with an uploaded document, edits it while the service is away, publishes it after the session has
 /// expired, moves and deletes it.
 void walkTaskLife(QQuickView* view, ServiceProbe& service);
+/// Tells the network between the workbench and the service, which proxy.py stands in for, by one of its signals.
+void makeNetwork(int how);
 /// Cuts the network under the main window and joins it again.
 void walkOutage(QQuickView* view, ServiceProbe& service);
 /// Sets the reminders, so that the service makes messages.

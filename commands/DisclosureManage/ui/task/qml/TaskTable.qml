@@ -18,14 +18,13 @@ UxCheckBoxTableView {
         var row = theTaskModel.page_reread ? currentRow : -1
         var top = theTaskModel.page_reread ? scrolled() : 0
         var left = theTaskModel.page_reread ? flickableItem.contentX : 0
-        var focused = activeFocus
+        if (activeFocus)
+            focusRows()  // a cell that has the keyboard goes
         model = theTaskModel.task_model.task_list
         currentRow = Math.min(row, rowCount - 1)
         flickableItem.forceLayout()
         scrollTo(top)
         flickableItem.contentX = left
-        if (focused)
-            focusRows()
     }
 
     function reveal(row) {
