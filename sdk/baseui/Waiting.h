@@ -26,8 +26,8 @@ struct Waiting {
 /// Waits in place until `end` is ready; false when the user has given up before. On the UI thread the windows go on
 /// being painted meanwhile, but no input, no closing of a window and no timer gets in, so that nothing re-enters the
 /// caller; what is typed and clicked before the progress dialog shows is handled afterwards. Only what was posted to
-/// objects comes through, which is what Qt makes of `singleShot(0)` and of a queued call too: who has to let a call come
-/// to its end does it by a timer that runs. Elsewhere it just waits.
+/// objects comes through, which is what Qt makes of `singleShot(0)` and of a queued call too: who has to let a call
+/// come to its end does it by a timer that runs. Elsewhere it just waits.
 HOSTSDK_API bool Wait(const std::future<void>& end, const Waiting& waiting = {});
 
 }  // namespace BASEUI
