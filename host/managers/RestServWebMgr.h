@@ -31,8 +31,7 @@ public:
 
 private:
     bool renew();
-    /// Once the call that was refused has returned, so that no timer re-enters it from within the box, and from no
-    /// other one that waits.
+    /// Once every call has returned, so that nothing re-enters one from within the box.
     static void showLater(const QString& text);
 
     SessionKeeper& m_keeper;

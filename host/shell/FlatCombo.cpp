@@ -20,7 +20,7 @@ void FlatCombo::paintEvent(QPaintEvent*) {
     painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft,
                      fontMetrics().elidedText(currentText(), Qt::ElideRight, room.width()));
     painter.setPen(QPen(QColor(look::kIcon), 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.translate(width() - kArrowRoom / 2, height() / 2);
+    painter.translate(width() - kArrowRoom / 2.0, height() / 2.0);
     painter.drawPolyline(QPolygonF({{-4, -2}, {0, 2}, {4, -2}}));
 }
 
