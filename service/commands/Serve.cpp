@@ -92,6 +92,7 @@ int serve(const Settings& settings) {
     Server::Settings ofServer = settings.server;
     ofServer.mostConnections = raiseDescriptors(settings);
     Server server(dispatcher, ofServer);
+    server.stopAtSignals();  // before anybody knows of it
     const bool bracketed = settings.server.host.find(':') != std::string::npos;
     std::cout << "listening on " << (bracketed ? "[" : "") << settings.server.host << (bracketed ? "]" : "") << ':'
               << server.port() << std::endl;
@@ -109,7 +110,7 @@ int serve(const Settings& settings) {
                              [&](const GoOn& goOn) { clearRemoved(*clearingStore, goOn); });
     if (reminding)
         reminding->start();
-    server.run(true);
+    server.run();
     spdlog::info("stopped");
     return 0;
 }

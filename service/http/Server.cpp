@@ -37,15 +37,16 @@ Server::Server(Dispatcher& dispatcher, const Settings& settings)
     m_port = m_acceptor.local_endpoint().port();
 }
 
-void Server::run(bool untilSignal) {
-    if (untilSignal) {
-        m_signals.add(SIGINT);
-        m_signals.add(SIGTERM);
-        m_signals.async_wait([this](boost::system::error_code error, int) {
-            if (!error)
-                drain();
-        });
-    }
+void Server::stopAtSignals() {
+    m_signals.add(SIGINT);
+    m_signals.add(SIGTERM);
+    m_signals.async_wait([this](boost::system::error_code error, int) {
+        if (!error)
+            drain();
+    });
+}
+
+void Server::run() {
     asio::post(m_acceptor.get_executor(), [this] { accept(); });
     std::vector<std::thread> threads;
     for (std::size_t i = 1; i < m_settings.ioThreads; ++i)

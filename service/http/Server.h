@@ -32,8 +32,10 @@ public:
     Server(Dispatcher& dispatcher, const Settings& settings);
 
     std::uint16_t port() const { return m_port; }
-    /// Serves until `stop`, or with `untilSignal` until SIGINT or SIGTERM.
-    void run(bool untilSignal = false);
+    /// SIGINT and SIGTERM stop it from now on, also before it runs.
+    void stopAtSignals();
+    /// Serves until `stop`.
+    void run();
     /// Takes no more requests and lets `run` return when those in hand are answered, or have had the time they are
     /// given. From any thread.
     void stop();

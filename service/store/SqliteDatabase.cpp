@@ -125,17 +125,33 @@ int SqliteDatabase::migrate(int version) {
     return migrateSqlite(*sql, version);
 }
 
+namespace {
+
+/// 0 where nothing has been made yet.
+int versionOf(soci::session& sql) {
+    int tables = 0;
+    sql << "SELECT COUNT(*) FROM sqlite_master WHERE type = 'table' AND name = 'schema_version'", soci::into(tables);
+    int version = 0;
+    if (tables > 0)
+        sql << "SELECT COALESCE(MAX(version), 0) FROM schema_version", soci::into(version);
+    return version;
+}
+
+}  // namespace
+
 int migrateSqlite(soci::session& sql, int version) {
     const auto steps = migrations();
     const int wanted = version < 0 ? static_cast<int>(steps.size()) : version;
+    // Who has nothing to do need not wait for whoever writes.
+    if (versionOf(sql) == wanted)
+        return 0;
     int taken = 0;
     for (;; ++taken) {
         // Each step looks again under the write lock: another process may be taking the same steps.
         sql << BeginWrite;
         try {
             sql << "CREATE TABLE IF NOT EXISTS schema_version (version INTEGER PRIMARY KEY)";
-            int current = 0;
-            sql << "SELECT COALESCE(MAX(version), 0) FROM schema_version", soci::into(current);
+            const int current = versionOf(sql);
             if (current > static_cast<int>(steps.size()))
                 throw std::runtime_error("the database was written by a newer version of this program");
             if (current >= wanted) {
