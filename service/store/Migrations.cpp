@@ -239,9 +239,9 @@ const std::vector<Migration> Steps{
     },
     {
         // 10: a catalog with very many tasks goes at once, and its rows are cleared away afterwards
-        "CREATE TABLE removal (rid INTEGER PRIMARY KEY, dept_id VARCHAR(64) NOT NULL REFERENCES department (dept_id), "
-        "log_id VARCHAR(64) NOT NULL, username VARCHAR(64) NOT NULL, removed_at BIGINT NOT NULL, "
-        "tasks BIGINT NOT NULL)",
+        R"(CREATE TABLE removal (rid INTEGER PRIMARY KEY, dept_id VARCHAR(64) NOT NULL REFERENCES department
+            (dept_id), log_id VARCHAR(64) NOT NULL, username VARCHAR(64) NOT NULL, removed_at BIGINT NOT NULL,
+            tasks BIGINT NOT NULL))",
         "CREATE INDEX removal_dept ON removal (dept_id, tasks)",
         // The removal a catalog goes with; 0 for one that is there.
         "ALTER TABLE catalog ADD COLUMN removal INTEGER NOT NULL DEFAULT 0",
