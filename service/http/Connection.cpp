@@ -71,15 +71,15 @@ asio::awaitable<bool> Connection::serveOne() {
     std::optional<Reply> reply;
     try {
         co_await reader.readHeader();
-        reply = co_await replyTo(reader);
+        reply.emplace(co_await replyTo(reader));
     } catch (const HttpError& error) {
-        reply = Reply{answerTo(error)};
+        reply.emplace(Reply{answerTo(error)});
     }
     m_line.stream().expires_never();
     if (reply->file.upload) {
         // On a line of its own: what braces make around a co_await GCC 12 destroys twice.
         Response answer = co_await receiveUpload(m_line, reader, m_dispatcher, std::move(reply->file));
-        reply = Reply{std::move(answer)};
+        reply.emplace(Reply{std::move(answer)});
     }
     const bool goesOn = reader.keepsAlive() && !m_draining;
     Response& message = reply->message;

@@ -103,13 +103,13 @@ Reply Service::answerOrThrow(const Request& request, const std::string& client, 
         enterScope(route, *call);
         return Reply{route.handler(*call)};
     };
-    Reply reply;
-    if (route.work == Work::Read || route.work == Work::Download) {
+    const auto inTransaction = [&] {
+        if (route.work != Work::Read && route.work != Work::Download)
+            return changing(*store, carryOut);
         const Transaction transaction(*store, IStore::Access::Read);
-        reply = carryOut();
-    } else {
-        reply = changing(*store, carryOut);
-    }
+        return carryOut();
+    };
+    Reply reply = inTransaction();
     for (const std::string& uuid : call->removedFiles)
         m_files.remove(uuid);
     reply.file = std::move(call->file);
