@@ -9,6 +9,7 @@
 
 #include "host/platform/Exchange.h"
 #include "host/platform/FileTransfer.h"
+#include "host/platform/RunIn.h"
 #include "sdk/baseui/Waiting.h"
 
 namespace workbench {
@@ -78,7 +79,7 @@ void PlatformClient::getLater(const QString& path, QObject* context, Receiver re
             receive(judge(*exchange));
     };
     dispatch(exchange, requestTo(path, {}), nullptr,
-             [this, deliver] { QMetaObject::invokeMethod(&m_deliveries, deliver, Qt::QueuedConnection); });
+             [this, deliver] { runIn(&m_deliveries, deliver, Qt::QueuedConnection); });
 }
 
 Answer PlatformClient::send(const QString& path, const QUrlQuery& query, const QByteArray* body, bool canCancel) {
@@ -97,7 +98,7 @@ void PlatformClient::await(const std::shared_ptr<Exchange>& exchange, const BASE
     const std::future<void> end = exchange->done.get_future();
     if (BASEUI::Wait(end, waiting))
         return;
-    QMetaObject::invokeMethod(m_worker, [exchange] { exchange->cancel(); });
+    runIn(m_worker, [exchange] { exchange->cancel(); });
     end.wait();
 }
 
@@ -123,7 +124,7 @@ Answer PlatformClient::transferred(const QString& path, const QUrlQuery& query, 
     return withSession([&] {
         const auto exchange = std::make_shared<Exchange>();
         // The worker may use what the caller has: the call returns only when the transfer has ended.
-        QMetaObject::invokeMethod(m_worker, [&begin, exchange, request = requestTo(path, query)] {
+        runIn(m_worker, [&begin, exchange, request = requestTo(path, query)] {
             FileTransfer* job = begin(exchange, request);
             exchange->cancel = [job = QPointer(job)] {
                 if (job)
@@ -183,7 +184,7 @@ void PlatformClient::dispatch(const std::shared_ptr<Exchange>& exchange, const Q
             whenDone();
         });
     };
-    QMetaObject::invokeMethod(m_worker, start);
+    runIn(m_worker, start);
 }
 
 Answer PlatformClient::judge(const Exchange& exchange) const {

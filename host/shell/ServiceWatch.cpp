@@ -4,6 +4,8 @@
 #include <QNetworkReply>
 #include <QTimer>
 
+#include "host/platform/RunIn.h"
+
 namespace workbench {
 
 /// The part of the watch on its thread.
@@ -33,8 +35,7 @@ private:
             const bool isHtml = reply->header(QNetworkRequest::ContentTypeHeader).toString().contains("text/html");
             const bool isGood = status == 200 && !isHtml && reply->error() == QNetworkReply::NoError;
             const bool isLate = reply->error() == QNetworkReply::OperationCanceledError;
-            QMetaObject::invokeMethod(
-                &m_watch, [this, asked, status, isGood, isLate] { m_watch.take(asked, status, isGood, isLate); });
+            runIn(&m_watch, [this, asked, status, isGood, isLate] { m_watch.take(asked, status, isGood, isLate); });
         });
     }
 
@@ -59,7 +60,7 @@ ServiceWatch::~ServiceWatch() {
 
 void ServiceWatch::watch(const QString& address) {
     m_address = address;
-    QMetaObject::invokeMethod(m_asker, [asker = m_asker, address] { asker->begin(address); });
+    runIn(m_asker, [asker = m_asker, address] { asker->begin(address); });
 }
 
 void ServiceWatch::reportTrouble(const QString& text) {

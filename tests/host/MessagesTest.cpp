@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <mutex>
 
 #include <QApplication>
 #include <QComboBox>
@@ -40,7 +41,8 @@ protected:
     ~Messages() override { BASEUI::SetMessageBoxHandler({}); }
 
     ScriptedServer::Reply answer(const ScriptedServer::Request& request) {
-        if (request.target == "/rs/platform/messages/unread" && !unreadReply.body.empty())
+        if (const std::lock_guard lock(mutex);
+            request.target == "/rs/platform/messages/unread" && !unreadReply.body.empty())
             return unreadReply;
         auto reply = platform.answer(request);
         if (reply.status != 200)
@@ -52,6 +54,11 @@ protected:
         if (request.target.rfind("/rs/platform/messages?", 0) == 0)
             return broken ? support::refusal(500, 500, "") : page(request.target);
         return reply;
+    }
+
+    void answerUnread(const ScriptedServer::Reply& reply) {
+        const std::lock_guard lock(mutex);
+        unreadReply = reply;
     }
 
     ScriptedServer::Reply page(const std::string& target) const {
@@ -91,6 +98,7 @@ protected:
     std::atomic<int> unread = 2;
     std::atomic<bool> broken = false;
     std::atomic<const char*> kind = "2";  // of the odd ones
+    std::mutex mutex;                     // of what the server's thread reads
     ScriptedServer::Reply unreadReply{200, ""};
     QStringList boxes;
     BASEUI::MessageResult boxAnswer = BASEUI::MessageResult::Ok;
@@ -147,8 +155,9 @@ TEST_F(Unread, LeavesTheSessionToItsEndWhenNobodyUsesTheWorkbench) {
 TEST_F(Unread, TroubleIsSilentAndLeftToOthers) {
     for (const auto& reply : {support::sessionExpired(), ScriptedServer::Reply{500, "x"}, support::result("{}"),
                               support::result(R"({"unreadCount":-1})"), support::refusal(404, 404, "x")}) {
-        unreadReply = reply;
-        unreadReply.body += " ";
+        auto spaced = reply;
+        spaced.body += " ";
+        answerUnread(spaced);
         watch.restart();
         watch.setReachable(true);
         const std::size_t before = polls();
@@ -156,17 +165,18 @@ TEST_F(Unread, TroubleIsSilentAndLeftToOthers) {
     }
     EXPECT_EQ(renewals, 0);
     EXPECT_TRUE(counts.empty());
-    unreadReply.body.clear();
+    answerUnread({200, ""});
     EXPECT_TRUE(comesTrue([&] { return !counts.empty(); }));
 }
 
 TEST_F(Unread, AnswersToAnEarlierUserOrToNobodyAreDropped) {
-    unreadReply = support::result(R"({"unreadCount":7})");
-    unreadReply.delayMs = 300;
+    auto late = support::result(R"({"unreadCount":7})");
+    late.delayMs = 300;
+    answerUnread(late);
     watch.restart();
     watch.setReachable(true);
     ASSERT_TRUE(comesTrue([&] { return polls() == 1; }));
-    unreadReply = {200, ""};
+    answerUnread({200, ""});
     watch.restart();
     EXPECT_TRUE(comesTrue([&] { return counts.size() > 1; }));
     QTest::qWait(400);
