@@ -1,8 +1,14 @@
 #pragma once
 
+#include <memory>
+
 #include "sdk/basecore/MgrObject.h"
 #include "sdk/packages/IKpxProjLoadObserver.h"
 #include "sdk/packages/disclosure/IDisclosureManageMgr.h"
+
+namespace io::swagger::client::model {
+class DisclosureTaskResponse;
+}
 
 namespace DISCLOSUREPACKAGE {
 
@@ -54,7 +60,8 @@ private:
     bool FindLoadedTask(const TaskRecord& task, TaskRecord& loaded);
 
     QWidget* m_parentWidget = nullptr;
-    std::vector<TaskRecord> m_taskCache;  // the last page, in its order
+    /// As it came, since hardly a task of it is asked for again.
+    std::vector<std::shared_ptr<io::swagger::client::model::DisclosureTaskResponse>> m_lastPage;
 };
 
 }  // namespace DISCLOSUREPACKAGE

@@ -10,7 +10,7 @@ namespace DISCLOSUREPACKAGE {
 using TaskApi = io::swagger::client::api::DisclosureTaskControllerApi;
 
 bool CDisclosureManageMgr::PageTasks(const TaskQuery& query, std::vector<TaskRecord>& tasks, int32_t& total) {
-    m_taskCache.clear();
+    m_lastPage.clear();
     return Perform<TaskApi>(
         *this, &IDisclosureManageMgr::PageTasks, std::tie(query, tasks, total), [&](const TaskApi& api) {
             const auto answer = AwaitRead(
@@ -21,17 +21,18 @@ bool CDisclosureManageMgr::PageTasks(const TaskQuery& query, std::vector<TaskRec
             if (!answer || !answer->getResult())
                 return false;
             AppendPage(*answer->getResult(), tasks, total);
-            m_taskCache = tasks;
+            m_lastPage = answer->getResult()->getResult();
             return true;
         });
 }
 
 bool CDisclosureManageMgr::FindCachedTask(const std::wstring& id, TaskRecord& task) {
-    const auto found =
-        std::find_if(m_taskCache.begin(), m_taskCache.end(), [&](const TaskRecord& cached) { return cached.id == id; });
-    if (found == m_taskCache.end())
+    const auto sought = ToService(id);
+    const auto found = std::find_if(m_lastPage.begin(), m_lastPage.end(),
+                                    [&](const auto& cached) { return cached && cached->getId() == sought; });
+    if (found == m_lastPage.end())
         return false;
-    task = *found;
+    task = ToRecord(**found);
     return true;
 }
 
