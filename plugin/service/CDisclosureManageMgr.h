@@ -60,7 +60,9 @@ private:
     bool FindLoadedTask(const TaskRecord& task, TaskRecord& loaded);
 
     QWidget* m_parentWidget = nullptr;
-    /// As it came, since hardly a task of it is asked for again.
+    // The list that the last page was appended to, as it was then: what it held before, which is hardly ever anything,
+    // and the page as it came, of which hardly a task is asked for again.
+    std::vector<TaskRecord> m_heldBefore;
     std::vector<std::shared_ptr<io::swagger::client::model::DisclosureTaskResponse>> m_lastPage;
 };
 

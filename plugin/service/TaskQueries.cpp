@@ -10,6 +10,7 @@ namespace DISCLOSUREPACKAGE {
 using TaskApi = io::swagger::client::api::DisclosureTaskControllerApi;
 
 bool CDisclosureManageMgr::PageTasks(const TaskQuery& query, std::vector<TaskRecord>& tasks, int32_t& total) {
+    m_heldBefore.clear();
     m_lastPage.clear();
     return Perform<TaskApi>(
         *this, &IDisclosureManageMgr::PageTasks, std::tie(query, tasks, total), [&](const TaskApi& api) {
@@ -20,6 +21,7 @@ bool CDisclosureManageMgr::PageTasks(const TaskQuery& query, std::vector<TaskRec
                          query.currentPage, query.pageSize, ToService(query.orderKey), ToService(query.orderType)));
             if (!answer || !answer->getResult())
                 return false;
+            m_heldBefore = tasks;
             AppendPage(*answer->getResult(), tasks, total);
             m_lastPage = answer->getResult()->getResult();
             return true;
@@ -27,6 +29,12 @@ bool CDisclosureManageMgr::PageTasks(const TaskQuery& query, std::vector<TaskRec
 }
 
 bool CDisclosureManageMgr::FindCachedTask(const std::wstring& id, TaskRecord& task) {
+    const auto held = std::find_if(m_heldBefore.begin(), m_heldBefore.end(),
+                                   [&](const TaskRecord& cached) { return cached.id == id; });
+    if (held != m_heldBefore.end()) {
+        task = *held;
+        return true;
+    }
     const auto sought = ToService(id);
     const auto found = std::find_if(m_lastPage.begin(), m_lastPage.end(),
                                     [&](const auto& cached) { return cached && cached->getId() == sought; });
