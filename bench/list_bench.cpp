@@ -91,7 +91,7 @@ public:
     double clickToPage() {
         m_isFirst = !m_isFirst;
         const QStringList names = catalogNames();
-        QQuickItem* row = support::findByProperty(&m_view, "name", names[m_isFirst ? 0 : 1]);
+        QQuickItem* row = support::QuickPilot(&m_view).find("name", names[m_isFirst ? 0 : 1]);
         if (!row)
             throw std::runtime_error("no such catalog");
         QEventLoop loop;

@@ -41,11 +41,10 @@ TEST_F(Catalogs, CountsFollowEveryReport) {
     EXPECT_EQ(shown("civil"), "土建(9)");
     EXPECT_EQ(shown("all"), "全部");
     EXPECT_EQ(civil.count(), 1);
-    model.updateCatalogTaskCount(-7, "base");
-    model.updateCatalogTaskCount(std::numeric_limits<int>::max(), "base");
-    model.updateCatalogTaskCount(0, "base");
-    model.updateCatalogTaskCount(3, "nobody");
-    model.updateCatalogTaskCount(3, "");  // nothing is selected
+    const std::pair<int, const char*> senseless[] = {
+        {-7, "base"}, {std::numeric_limits<int>::max(), "base"}, {0, "base"}, {3, "nobody"}, {3, ""}};
+    for (const auto& [change, catalog] : senseless)
+        model.updateCatalogTaskCount(change, catalog);
     EXPECT_EQ(shown("base"), "基础(6)");
     EXPECT_EQ(civil.count(), 1);
     model.setCurrentIndex(indexOf("mep"));
@@ -87,21 +86,21 @@ TEST_F(Catalogs, StraysHangUnderTheTopAndBadNumbersCountAsNone) {
 
 TEST_F(Catalogs, ProposesTheNextFolderName) {
     CCatalogEditor editor(model, nullptr);
-    const auto proposal = [&](const QStringList& names) {
+    const std::pair<QStringList, const char*> rows[] = {{{"其它"}, "新建文件夹"},
+                                                        {{"新建文件夹"}, "新建文件夹1"},
+                                                        {{"新建文件夹1", "新建文件夹7"}, "新建文件夹8"},
+                                                        {{"新建文件夹", "新建文件夹2", "新建文件夹abc"}, "新建文件夹3"},
+                                                        {{"新建文件夹99999999999", "我的新建文件夹5"}, "新建文件夹"},
+                                                        {{"新建文件夹2147483647"}, "新建文件夹2147483648"},
+                                                        {{}, "新建文件夹"}};  // nothing is selected
+    for (const auto& [names, proposal] : rows) {
         std::vector<DISCLOSUREPACKAGE::CatalogRecord> records{{L"all", L"全部", L"", 0, 0}};
         for (const QString& name : names)
             records.push_back({std::to_wstring(records.size()), name.toStdWString(), L"all", 0, 0});
         model.setCatalogs(records);
         model.setCurrentIndex(model.index(0, 0, model.index(0, 0)));
-        return editor.nextFolderName().toStdString();
-    };
-    EXPECT_EQ(proposal({"其它"}), "新建文件夹");
-    EXPECT_EQ(proposal({"新建文件夹"}), "新建文件夹1");
-    EXPECT_EQ(proposal({"新建文件夹1", "新建文件夹7"}), "新建文件夹8");
-    EXPECT_EQ(proposal({"新建文件夹", "新建文件夹2", "新建文件夹abc"}), "新建文件夹3");
-    EXPECT_EQ(proposal({"新建文件夹99999999999", "我的新建文件夹5"}), "新建文件夹");
-    EXPECT_EQ(proposal({"新建文件夹2147483647"}), "新建文件夹2147483648");
-    EXPECT_EQ(proposal({}), "新建文件夹") << "nothing is selected";
+        EXPECT_EQ(editor.nextFolderName(), proposal);
+    }
 }
 
 TEST_F(Catalogs, AFailedReloadKeepsTheTree) {

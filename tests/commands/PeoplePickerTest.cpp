@@ -1,26 +1,14 @@
-#include <gtest/gtest.h>
-
-#include <QDialog>
-#include <QQuickItem>
-#include <QTest>
-
 #include "commands/DisclosureManage/ui/task/SelectOwnerWnd.h"
 #include "commands/DisclosureManage/ui/task/SelectReceiverWnd.h"
-#include "tests/commands/FakeEditor.h"
-#include "tests/support/ModalWindow.h"
-#include "tests/support/QuickPilot.h"
-#include "tests/support/ScreenHost.h"
+#include "tests/commands/TaskWindow.h"
 #include "ui/common/NameTreeNode.h"
 
 using BASEPACKAGE::UserRecord;
-using support::ModalWindow;
 
 namespace {
 
 class Pickers : public testing::Test {
 protected:
-    Pickers() { host.core.managers[BASECORE::NAMES::kDepartments] = &people; }
-
     /// The tree of the search, "部门[login login]".
     static std::string outline(PeopleDirectory directory, const QString& search) {
         directory.read();
@@ -35,10 +23,7 @@ protected:
         return below.isEmpty() ? name : name + "[" + below.join(' ') + "]";
     }
     static void search(ModalWindow& window, const QString& text) {
-        window.find("placeholderText", "搜索联系人")->forceActiveFocus();
-        window.key(Qt::Key_A, Qt::ControlModifier);
-        window.compose("p", text);
-        window.key(Qt::Key_Return);
+        window.fill(window.find("placeholderText", "搜索联系人"), text).key(Qt::Key_Return);
     }
     std::wstring chooseOwner(const ModalWindow::Steps& steps, const std::wstring& before = {}) {
         UserRecord person{before, L"", L"", L""};
@@ -55,7 +40,7 @@ protected:
     }
     /// The check box of the department of that name or the person of that login name.
     static QQuickItem* box(const ModalWindow& window, const QString& name) {
-        return support::findItem(window.view()->contentItem(), [&](QQuickItem* item) {
+        return window.find([&](QQuickItem* item) {
             const auto* node = item->parentItem()->property("node").value<QObject*>();
             return item->property("checkState").isValid() && node && node->property("nodeName") == name;
         });
@@ -69,35 +54,38 @@ protected:
     }
 
     void fillPeople(const std::function<std::wstring(int)>& deptOf) {
-        people.people.clear();
+        people.users.clear();
         for (int i = 0; i < 5000; ++i)
-            people.people.push_back({L"user" + std::to_wstring(i), L"人员" + std::to_wstring(i), L"", deptOf(i)});
+            people.users.push_back({L"user" + std::to_wstring(i), L"人员" + std::to_wstring(i), L"", deptOf(i)});
     }
 
     support::ScreenHost host;
-    FakeOrganisation people;
+    support::FakeOrgDeptMgr& people = host.people;
 };
 
 }  // namespace
 
 TEST_F(Pickers, SearchKeepsTheDepartmentsOfThoseFound) {
     PeopleDirectory all;
-    EXPECT_EQ(outline(all, ""), "总公司[一分部[钢筋组[zhangwei zhangwei2 noname] lina] 二分部[ZhaoLei]]");
-    EXPECT_EQ(outline(all, "张"), "总公司[一分部[钢筋组[zhangwei zhangwei2]]]");
-    EXPECT_EQ(outline(all, " zHaOl "), "总公司[二分部[ZhaoLei]]");
-    EXPECT_EQ(outline(all, "一分部"), "nobody");
+    const std::pair<const char*, const char*> searches[] = {
+        {"", "总公司[一分部[钢筋组[zhangwei zhangwei2 noname] lina] 二分部[ZhaoLei]]"},
+        {"张", "总公司[一分部[钢筋组[zhangwei zhangwei2]]]"},
+        {" zHaOl ", "总公司[二分部[ZhaoLei]]"},
+        {"一分部", "nobody"}};
+    for (const auto& [text, found] : searches)
+        EXPECT_EQ(outline(all, text), found);
     EXPECT_EQ(outline(PeopleDirectory({"zhangwei", "lina"}), ""),
               "总公司[一分部[钢筋组[zhangwei2 noname]] 二分部[ZhaoLei]]");
 }
 
 TEST_F(Pickers, ABadOrganisationLosesNobody) {
-    people.people.push_back({L"lina", L"李娜", L"", L"two"});  // twice
-    people.people.push_back({L"astray", L"迷路", L"", L"nowhere"});
-    people.people.push_back({L"", L"无名", L"", L"two"});
+    people.users.push_back({L"lina", L"李娜", L"", L"two"});  // twice
+    people.users.push_back({L"astray", L"迷路", L"", L"nowhere"});
+    people.users.push_back({L"", L"无名", L"", L"two"});
     people.departments[1].parentId = L"steel";  // a circle
     EXPECT_EQ(outline(PeopleDirectory(), ""),
               "总公司[二分部[ZhaoLei] astray 一分部[钢筋组[zhangwei zhangwei2 noname] lina]]");
-    people.readable = false;
+    people.isReadable = false;
     EXPECT_EQ(outline(PeopleDirectory(), ""), "nobody");
     host.core.managers.erase(BASECORE::NAMES::kDepartments);
     EXPECT_EQ(outline(PeopleDirectory(), ""), "nobody");
@@ -106,14 +94,13 @@ TEST_F(Pickers, ABadOrganisationLosesNobody) {
         search(window, "zhao");
         EXPECT_TRUE(window.text("未能读取：没有得到应答"));
         host.core.managers[BASECORE::NAMES::kDepartments] = &people;
-        people.readable = true;
+        people.isReadable = true;
         host.service.become({});
-        ModalWindow::settle();
-        EXPECT_TRUE(window.text("赵磊(ZhaoLei)"));
-        EXPECT_FALSE(window.text("李娜(lina)")) << "the search is the same";
+        window.settle();
+        EXPECT_EQ(window.wrong({"赵磊(ZhaoLei)", "!李娜(lina)"}), "") << "the search is the same";
         search(window, "nobody");
         EXPECT_TRUE(window.text("没有找到“nobody”"));
-        window.click(window.text("清除搜索"));
+        window.click("清除搜索");
         EXPECT_TRUE(window.text("李娜(lina)"));
     });
     host.core.managers.clear();
@@ -130,23 +117,19 @@ TEST_F(Pickers, OwnerIsAPersonNeverADepartment) {
                   const auto highlighted = [&](const char* row) {
                       return window.text(row)->parentItem()->property("highlighted").toBool();
                   };
-                  window.click(window.text("钢筋组"));
+                  window.click("钢筋组");
                   EXPECT_FALSE(highlighted("钢筋组"));
-                  window.click(window.text("张伟(zhangwei2)"));
+                  window.click("张伟(zhangwei2)");
                   EXPECT_TRUE(highlighted("张伟(zhangwei2)"));
-                  const QQuickItem* ok = window.text("确定");
+                  const QQuickItem* ok = window.text("确定")->parentItem();
                   EXPECT_EQ(ok->mapToScene({0, ok->height()}).y(), window.view()->height() - 10);
                   QTest::mouseDClick(window.view(), Qt::LeftButton, {}, {30, 15});
                   EXPECT_TRUE(window.dialog()->isMaximized());
-                  window.click(window.text("确定"));
+                  window.click("确定");
               }),
               L"zhangwei2 张伟");
-    EXPECT_EQ(chooseOwner([](ModalWindow& window) {
-                  window.click(window.text("钢筋组"));
-                  window.click(window.text("确定"));
-              }),
-              L"not  ");
-    EXPECT_EQ(chooseOwner([](ModalWindow& window) { window.click(window.text("确定")); }, L"lina"), L"lina 李娜");
+    EXPECT_EQ(chooseOwner([](ModalWindow& window) { window.click("钢筋组").click("确定"); }), L"not  ");
+    EXPECT_EQ(chooseOwner([](ModalWindow& window) { window.click("确定"); }, L"lina"), L"lina 李娜");
     EXPECT_EQ(chooseOwner([](ModalWindow& window) { window.key(Qt::Key_Escape); }, L"lina"), L"not lina ");
 }
 
@@ -159,8 +142,7 @@ TEST_F(Pickers, TheSameTextIsSearchedOnce) {
                   window.key(Qt::Key_Return);
                   EXPECT_EQ(searches, 1);
                   EXPECT_FALSE(window.text("李娜(lina)"));
-                  window.click(window.text("赵磊(ZhaoLei)"));
-                  window.key(Qt::Key_Return);
+                  window.click("赵磊(ZhaoLei)").key(Qt::Key_Return);
               }),
               L"ZhaoLei 赵磊");
 }
@@ -184,20 +166,19 @@ TEST_F(Pickers, ReceiversAreCheckedSearchedAndTakenOut) {
             EXPECT_EQ(chips(window), (QStringList{"离职者", "李娜", "张伟(zhangwei2)", "noname"}))
                 << "those hidden stay chosen";
 
-            QQuickItem* chip = window.find("text", "离职者")->parentItem();
-            window.click(chip->childItems().last());
-            window.click(window.find("text", "李娜")->parentItem()->childItems().last());
+            for (const char* chip : {"离职者", "李娜"})
+                window.click(window.text(chip)->parentItem()->childItems().last());
             EXPECT_TRUE(window.text("已选择（人）：2"));
             EXPECT_EQ(state(window, "lina"), Qt::Unchecked);
             EXPECT_EQ(state(window, "总公司"), Qt::PartiallyChecked);
-            window.click(window.text("确定"));
+            window.click("确定");
         },
         before);
     EXPECT_EQ(chosen, L"zhangwei2 noname");
     EXPECT_EQ(chooseReceivers(
                   [](ModalWindow& window) {
                       check(window, "总公司");
-                      window.click(window.text("取消"));
+                      window.click("取消");
                   },
                   before),
               L"gone lina");
@@ -205,21 +186,13 @@ TEST_F(Pickers, ReceiversAreCheckedSearchedAndTakenOut) {
 
 TEST_F(Pickers, TheTreeOpensAndClosesByLevels) {
     chooseReceivers([](ModalWindow& window) {
-        const auto shown = [&] {
-            QStringList rows;
-            for (const char* row : {"一分部", "钢筋组", "张伟(zhangwei)"})
-                if (window.text(row))
-                    rows << row;
-            return rows.join(' ').toStdString();
-        };
-        EXPECT_EQ(shown(), "一分部 钢筋组 张伟(zhangwei)");
-        window.click(window.button("收起一级"));
-        EXPECT_EQ(shown(), "一分部 钢筋组");
-        for (int click = 0; click < 3; ++click)
-            window.click(window.button("收起一级"));
-        EXPECT_EQ(shown(), "");
-        window.click(window.button("展开一级"));
-        EXPECT_EQ(shown(), "一分部");
+        EXPECT_EQ(window.wrong({"一分部", "钢筋组", "张伟(zhangwei)"}), "");
+        window.press("收起一级");
+        EXPECT_EQ(window.wrong({"一分部", "钢筋组", "!张伟(zhangwei)"}), "");
+        window.press("收起一级").press("收起一级").press("收起一级");
+        EXPECT_EQ(window.wrong({"!一分部", "!钢筋组", "!张伟(zhangwei)"}), "");
+        window.press("展开一级");
+        EXPECT_EQ(window.wrong({"一分部", "!钢筋组"}), "");
     });
 }
 
@@ -239,16 +212,15 @@ TEST_F(Pickers, WholeCompanyIsChosenAndTakenOutAgain) {
     fillPeople([](int) { return L"steel"; });
     EXPECT_EQ(chooseReceivers([](ModalWindow& window) {
                   check(window, "总公司");
-                  EXPECT_TRUE(window.text("已选择（人）：5000"));
-                  EXPECT_TRUE(window.text("人员1"));
-                  EXPECT_FALSE(window.text("人员4999")) << "only the chips in sight are made";
+                  EXPECT_EQ(window.wrong({"已选择（人）：5000", "人员1", "!人员4999"}), "")
+                      << "only the chips in sight are made";
                   search(window, "人员4321");
                   EXPECT_TRUE(window.text("人员4321(user4321)"));
                   search(window, "");
                   check(window, "总公司");
                   EXPECT_TRUE(window.text("已选择（人）：0"));
                   check(window, "user0");
-                  window.click(window.text("确定"));
+                  window.click("确定");
               }),
               L"user0");
 }

@@ -1,13 +1,8 @@
 #include <QApplication>
-#include <QDialog>
 
-#include "commands/DisclosureManage/ui/task/CatalogTreeModel.h"
 #include "plugin/entry/DisclosureMgrCmd.h"
 #include "sdk/packages/disclosure/Command.h"
 #include "tests/commands/TaskWindow.h"
-
-using BASETOOLS::CAuthCodeTool;
-using support::ModalWindow;
 
 namespace {
 
@@ -19,17 +14,14 @@ protected:
             task.deptId = L"dept";
     }
 
-    static QString catalog(const ModalWindow& window) {
-        return qobject_cast<CatalogTreeModel*>(window.context("theModel"))->GetCurrentNode()->nodeName();
-    }
     void show(const char* taskId) {
         provider.ShowMainWindow(taskId);
         settle();
     }
     /// The id of the task in the table's current row.
-    QString current(const ModalWindow& window) const {
+    std::string current(const ModalWindow& window) const {
         const int row = currentRow(window);
-        return row < 0 ? QString() : task(row)->id();
+        return row < 0 ? "" : task(row)->id().toStdString();
     }
 };
 
@@ -37,7 +29,7 @@ protected:
 
 TEST_F(Reveal, SelectsTheTaskInItsCatalogOnWhateverPageItStands) {
     run("t37", [&](ModalWindow& window) {
-        EXPECT_EQ(catalog(window), "基础");
+        EXPECT_EQ(catalog(), "基础");
         EXPECT_TRUE(window.text("基础(4)")) << "what lies above is open";
         EXPECT_EQ(service.queries.back().keyword, L"任务37");
         EXPECT_EQ(service.queries.back().disclosureCatalogId, L"base");
@@ -60,7 +52,7 @@ TEST_F(Reveal, ScrollsToTheTaskAndItsCatalog) {
         service.catalogs.push_back({L"c" + std::to_wstring(i), L"目录" + std::to_wstring(i), L"civil", 0, 2 + i});
     service.tasks[14].disclosureCatalogId = L"c59";
     const auto showsWithin = [](QQuickItem* view, const QString& text) {
-        const QQuickItem* item = support::findItem(view, [&](QQuickItem* i) { return i->property("text") == text; });
+        const QQuickItem* item = support::findItem(view, support::has("text", text));
         return item && item->mapToItem(view, {0, 0}).y() >= 0 &&
                item->mapToItem(view, {0, item->height()}).y() <= view->height();
     };
@@ -81,7 +73,7 @@ TEST_F(Reveal, AnOpenWindowLeavesWhatWasSearched) {
             show(id);
             EXPECT_EQ(current(window), id);
         }
-        EXPECT_EQ(catalog(window), "机电");
+        EXPECT_EQ(catalog(), "机电");
         EXPECT_EQ(service.queries.back().status, -1);
         EXPECT_EQ(service.queries.back().orderKey, L"");
         // Without another search nothing is looked for any more.
@@ -93,18 +85,16 @@ TEST_F(Reveal, AnOpenWindowLeavesWhatWasSearched) {
         service.tasks[5].disclosureCatalogId = L"new";
         show("t5");
         EXPECT_TRUE(window.text("新目录(1)")) << "newer than the tree";
-        EXPECT_EQ(catalog(window) + current(window), "新目录t5");
+        EXPECT_EQ(catalog() + current(window), "新目录t5");
     });
 }
 
 TEST_F(Reveal, TypedInputStays) {
     run({}, [&](ModalWindow& window) {
-        window.click(window.text("土建(7)"));
-        window.key(Qt::Key_Insert);
-        window.type("门窗");
+        window.click("土建(7)").key(Qt::Key_Insert).type("门窗");
         show("t3");
         EXPECT_TRUE(window.text("门窗"));
-        EXPECT_EQ(catalog(window), "土建");
+        EXPECT_EQ(catalog(), "土建");
         window.key(Qt::Key_Escape);
 
         ModalWindow::run([this] { list->AddTask(); },
@@ -113,7 +103,7 @@ TEST_F(Reveal, TypedInputStays) {
                              show("t3");
                              EXPECT_TRUE(QApplication::activeModalWidget() == editor.dialog());
                              EXPECT_TRUE(editor.text("新任务"));
-                             EXPECT_EQ(catalog(window), "土建");
+                             EXPECT_EQ(catalog(), "土建");
                          });
         show("t3");
         EXPECT_EQ(current(window), "t3");
@@ -122,17 +112,16 @@ TEST_F(Reveal, TypedInputStays) {
 
 TEST_F(Reveal, SaysOnceWhyATaskCannotBeShown) {
     const auto messages = [this](const char* taskId) {
-        host.messages.clear();
-        run(taskId, [&](ModalWindow& window) { EXPECT_EQ(catalog(window), "全部"); });
-        return host.messages;
+        run(taskId, [&](ModalWindow&) { EXPECT_EQ(catalog(), "全部"); });
+        return host.told();
     };
-    EXPECT_EQ(messages("nowhere"), QStringList()) << "the host has shown the refusal";
+    EXPECT_EQ(messages("nowhere"), "") << "the host has shown the refusal";
     service.tasks[0].disclosureCatalogId = L"gone";
-    EXPECT_EQ(messages("t0"), QStringList{"任务不存在或已被删除"});
+    EXPECT_EQ(messages("t0"), "任务不存在或已被删除");
 
     service.tasks[0].deptId = L"other";
     service.tasks[0].deptName = L"第二项目部";
-    EXPECT_EQ(messages("t0"), QStringList{"任务“任务0”属于部门“第二项目部”，无法在当前项目中打开"});
+    EXPECT_EQ(messages("t0"), "任务“任务0”属于部门“第二项目部”，无法在当前项目中打开");
 }
 
 TEST_F(Reveal, ATaskThatTheListDoesNotHaveIsLookedForOnAFewPagesOnly) {
@@ -143,7 +132,7 @@ TEST_F(Reveal, ATaskThatTheListDoesNotHaveIsLookedForOnAFewPagesOnly) {
         EXPECT_EQ(task(0)->id(), "t0");
         EXPECT_EQ(current(window), "");
         EXPECT_LE(service.queries.size(), 25U);
-        EXPECT_EQ(host.messages, QStringList{"在目录中没有找到任务“任务449”"});
+        EXPECT_EQ(host.told(), "在目录中没有找到任务“任务449”");
         EXPECT_EQ(list->searchText(), "");
     });
 }

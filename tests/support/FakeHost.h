@@ -87,15 +87,18 @@ public:
     }
     bool GetDepartments(std::vector<BASEPACKAGE::DeptRecord>& found, const std::wstring&) const override {
         found = departments;
-        return true;
+        return isReadable;
     }
     bool GetUsers(std::vector<BASEPACKAGE::UserRecord>& found, const std::wstring&) const override {
+        ++reads;
         found = users;
-        return true;
+        return isReadable;
     }
 
     std::vector<BASEPACKAGE::DeptRecord> departments{{L"dept-1", L"一分部", L""}};
     std::vector<BASEPACKAGE::UserRecord> users;
+    bool isReadable = true;
+    mutable int reads = 0;  // of the users
 };
 
 class FakeFunctionLogMgr : public CMgrObject,

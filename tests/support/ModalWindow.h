@@ -2,16 +2,15 @@
 
 #include <functional>
 
+#include <QDialog>
 #include <QQuickView>
-#include <QString>
 
-class QDialog;
-class QQuickItem;
+#include "tests/support/QuickPilot.h"
 
 namespace support {
 
 /// A modal window on the screen with the hands of a user.
-class ModalWindow {
+class ModalWindow : public QuickPilot {
 public:
     using Steps = std::function<void(ModalWindow&)>;
 
@@ -26,21 +25,8 @@ public:
     QQuickView* view() const { return m_view; }
     QObject* context(const char* name) const;
 
-    /// The visible item whose property has this value, delegates and pop-ups included; null without one.
-    QQuickItem* find(const char* property, const QVariant& value) const;
-    QQuickItem* text(const QString& text) const { return find("text", text); }
-    QQuickItem* button(const QString& toolTip) const { return find("tooltipText", toolTip); }
-    /// Clicks the middle of the item; a missing item fails the test.
-    void click(const QQuickItem* item, Qt::MouseButton button = Qt::LeftButton);
-    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    void type(const QString& text);
-    /// Text as an input method gives it: first a preedit, then the commit.
-    void compose(const QString& preedit, const QString& committed);
-    /// Lets everything pending happen.
-    static void settle();
-
 private:
-    ModalWindow(QDialog* dialog, QQuickView* view) : m_dialog(dialog), m_view(view) {}
+    ModalWindow(QDialog* dialog, QQuickView* view) : QuickPilot(view), m_dialog(dialog), m_view(view) {}
 
     QDialog* m_dialog;
     QQuickView* m_view;

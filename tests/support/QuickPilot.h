@@ -1,14 +1,18 @@
 #pragma once
 
 #include <functional>
+#include <memory>
+#include <string>
+#include <utility>
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QPointer>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
 
-/// Uses a Qt Quick scene as a person would: finds what is visible and sends it real mouse and key events.
+/// Uses Qt Quick scenes as a person would: finds what is visible and sends it real mouse and key events.
 namespace support {
 
 using ItemTest = std::function<bool(QQuickItem*)>;
@@ -25,59 +29,123 @@ inline QQuickItem* findItem(QQuickItem* root, const ItemTest& test) {
     return test(root) ? root : nullptr;
 }
 
-inline QQuickItem* findByProperty(QQuickWindow* window, const char* property, const QVariant& value) {
-    return findItem(window->contentItem(), [&](QQuickItem* item) { return item->property(property) == value; });
-}
-
-inline QQuickItem* findByText(QQuickWindow* window, const QString& text) {
-    return findByProperty(window, "text", text);
-}
-
-/// An item of the QML type, such as "UxTextField", that passes `test` too.
-inline QQuickItem* findByType(QQuickWindow* window, const QString& type, const ItemTest& test = {}) {
-    return findItem(window->contentItem(), [&](QQuickItem* item) {
-        const QString name = QString::fromLatin1(item->metaObject()->className());
-        return name.startsWith(type + "_QMLTYPE") && (!test || test(item));
-    });
+inline ItemTest has(const char* property, const QVariant& value) {
+    return [=](QQuickItem* item) { return item->property(property) == value; };
 }
 
 inline QPoint centreOf(const QQuickItem* item) {
     return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
 }
 
-inline void click(QQuickItem* item, Qt::MouseButton button = Qt::LeftButton) {
+/// Clicks where a display's own pointer is then, too.
+inline void click(const QQuickItem* item) {
     QCursor::setPos(item->window()->mapToGlobal(centreOf(item)));  // menus open where the cursor is
     QTest::mouseMove(item->window(), centreOf(item));
-    QTest::mouseClick(item->window(), button, {}, centreOf(item));
+    QTest::mouseClick(item->window(), Qt::LeftButton, {}, centreOf(item));
 }
 
-inline void type(QQuickWindow* window, const QString& text) {
-    for (const QChar letter : text)
-        QTest::sendKeyEvent(QTest::Click, window, Qt::Key_unknown, QString(letter), Qt::NoModifier);
-}
+/// The eyes and hands of a user on one window. A gesture ends when what it set off has happened and is drawn; one at
+/// something that is not there is told by qCritical.
+class QuickPilot {
+public:
+    explicit QuickPilot(QQuickWindow* window) : m_window(window) {}
 
-/// Text as an input method gives it to the focused field.
-inline void commit(QQuickWindow* window, const QString& text) {
-    QInputMethodEvent event;
-    event.setCommitString(text);
-    QCoreApplication::sendEvent(window->focusObject(), &event);
-}
+    QQuickItem* find(const ItemTest& test) const { return findItem(m_window->contentItem(), test); }
+    QQuickItem* find(const char* property, const QVariant& value) const { return find(has(property, value)); }
+    QQuickItem* text(const QString& text) const { return find("text", text); }
+    QQuickItem* button(const QString& toolTip) const { return find("tooltipText", toolTip); }
+    /// The form's field with that caption: what shows its "value", and whose "field" takes the keyboard.
+    QQuickItem* named(const QString& caption) const {
+        return find([&](QQuickItem* item) {
+            return item->property("name") == caption && item->property("mustfill").isValid() &&
+                   item->property("value").isValid();
+        });
+    }
+    /// Those of the texts that are not shown, and those with a "!" before them that are; empty when all is as told.
+    std::string wrong(const QStringList& texts) const {
+        QStringList found;
+        for (const QString& wanted : texts)
+            if (wanted.startsWith('!') == (text(wanted.mid(wanted.startsWith('!'))) != nullptr))
+                found << wanted;
+        return found.join(' ').toStdString();
+    }
 
-/// Replaces the text of the focused field.
-inline void retype(QQuickWindow* window, const QString& text) {
-    QTest::keyClick(window, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(window, Qt::Key_Delete);
-    commit(window, text);
-}
+    QuickPilot& click(const QQuickItem* item, Qt::MouseButton button = Qt::LeftButton) {
+        if (!item)
+            qCritical("there is nothing to be clicked");
+        else
+            QTest::mouseClick(m_window, button, {}, centreOf(item));
+        return settle();
+    }
+    QuickPilot& click(const QString& shown, Qt::MouseButton button = Qt::LeftButton) {
+        return click(text(shown), button);
+    }
+    QuickPilot& press(const QString& toolTip) { return click(button(toolTip)); }
+    QuickPilot& doubleClick(const QQuickItem* item) {
+        hover(item);  // a tool tip goes
+        QTest::mouseDClick(m_window, Qt::LeftButton, {}, centreOf(item));
+        return settle();
+    }
+    QuickPilot& hover(const QQuickItem* item) {
+        QTest::mouseMove(m_window, centreOf(item) - QPoint(1, 0));
+        QTest::mouseMove(m_window, centreOf(item));
+        return settle();
+    }
+    QuickPilot& key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(m_window, key, modifiers);
+        return settle();
+    }
+    QuickPilot& type(const QString& text) {
+        for (const QChar letter : text)
+            QTest::sendKeyEvent(QTest::Click, m_window, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+        return settle();
+    }
+    /// Text as an input method gives it: first a preedit, then the commit.
+    QuickPilot& compose(const QString& preedit, const QString& committed) {
+        QInputMethodEvent composing(preedit, {});
+        QCoreApplication::sendEvent(m_window->focusObject(), &composing);
+        QInputMethodEvent event;
+        event.setCommitString(committed);
+        QCoreApplication::sendEvent(m_window->focusObject(), &event);
+        return settle();
+    }
+    /// Replaces what the focused field holds.
+    QuickPilot& retype(const QString& text) { return key(Qt::Key_A, Qt::ControlModifier).compose("p", text); }
+    QuickPilot& fill(QQuickItem* field, const QString& text) { return focus(field).retype(text); }
+    QuickPilot& focus(QQuickItem* item) {
+        if (item)
+            item->forceActiveFocus();
+        else
+            qCritical("there is nothing to take the keyboard");
+        return settle();
+    }
 
-/// The visible Qt Quick window that has an item passing `test`, or null.
-inline QQuickWindow* findWindow(const ItemTest& test) {
-    const auto windows = QGuiApplication::allWindows();
-    for (QWindow* window : windows)
-        if (auto* quick = qobject_cast<QQuickWindow*>(window))
-            if (quick->isVisible() && findItem(quick->contentItem(), test))
-                return quick;
-    return nullptr;
-}
+    /// Lets everything pending happen. Views lay out and make their rows for a picture, however long that takes to
+    /// come.
+    QuickPilot& settle() {
+        settleAll();
+        return *this;
+    }
+    static void settleAll() {
+        QTest::qWait(20);
+        QList<QPointer<QQuickWindow>> views;  // any of them may go meanwhile
+        for (QWindow* window : QGuiApplication::allWindows())
+            views << qobject_cast<QQuickWindow*>(window);
+        for (const QPointer<QQuickWindow>& view : std::as_const(views)) {
+            if (!view || !view->isExposed())
+                continue;
+            const auto isDrawn = std::make_shared<bool>(false);  // a second picture may be told of later
+            const auto drawn = QObject::connect(
+                view, &QQuickWindow::frameSwapped, view, [isDrawn] { *isDrawn = true; }, Qt::QueuedConnection);
+            view->update();
+            if (!QTest::qWaitFor([&] { return *isDrawn || !view || !view->isExposed(); }, 60000))
+                qCritical("a window is not drawn");
+            QObject::disconnect(drawn);
+        }
+    }
+
+private:
+    QQuickWindow* m_window;
+};
 
 }  // namespace support

@@ -12,12 +12,11 @@ namespace {
 class CheckBoxTree : public testing::Test {
 protected:
     CheckBoxTree() {
-        model.build({{"r", "r", "", {}},
-                     {"a", "a", "r", {}},
-                     {"b", "b", "r", {}},
-                     {"a1", "a1", "a", {}},
-                     {"a2", "a2", "a", {}},
-                     {"b1", "b1", "b", {}}});
+        QVector<NameRecord> records;
+        for (const auto& [name, parent] :
+             {std::pair("r", ""), {"a", "r"}, {"b", "r"}, {"a1", "a"}, {"a2", "a"}, {"b1", "b"}})
+            records.append({name, name, parent, {}});
+        model.build(records);
         model.appendNode({}, new NameCheckBoxTreeNode(nullptr, "s", "s"));
         for (TreeNode* child : model.nodeOf({})->children())
             listen(child);
@@ -53,26 +52,22 @@ protected:
 }  // namespace
 
 TEST_F(CheckBoxTree, PassesAChoiceUpThenDownInOrder) {
-    EXPECT_EQ(set("a1", Qt::Checked), "a1=+ a=~ r=~ r:a,r,a1=+");
-    EXPECT_EQ(set("a2", Qt::Checked), "a2=+ a=+ r=~ r:a,a2=+") << "r is told, but did not change";
-    EXPECT_EQ(set("b", Qt::Checked), "b=+ r=+ b1=+ r:r,b1,b=+");
-    EXPECT_EQ(set("b", Qt::Checked), "");
-    EXPECT_EQ(set("a1", Qt::Unchecked), "a1=- a=~ r=~ r:a,r,a1=-");
-    EXPECT_EQ(set("r", Qt::Unchecked), "r=- a=- a2=- b=- b1=- r:a,a2,b,b1,r=-");
-}
-
-TEST_F(CheckBoxTree, PartialMeansCheckedAndWalksPastUnchangedNodes) {
-    set("a1", Qt::Checked);
-    EXPECT_EQ(set("r", Qt::PartiallyChecked), "") << "it is partial already";
-    EXPECT_EQ(set("a", Qt::Checked), "a=+ r=~ a2=+ r:a2,a=+");
-    EXPECT_EQ(set("b", Qt::PartiallyChecked), "b=+ r=+ b1=+ r:r,b1,b=+");
+    const std::tuple<const char*, Qt::CheckState, const char*> steps[] = {
+        {"a1", Qt::Checked, "a1=+ a=~ r=~ r:a,r,a1=+"},
+        {"a2", Qt::Checked, "a2=+ a=+ r=~ r:a,a2=+"},  // r is told, but did not change
+        {"b", Qt::Checked, "b=+ r=+ b1=+ r:r,b1,b=+"},
+        {"b", Qt::Checked, ""},
+        {"a1", Qt::Unchecked, "a1=- a=~ r=~ r:a,r,a1=-"},
+        {"r", Qt::Unchecked, "r=- a=- a2=- b=- b1=- r:a,a2,b,b1,r=-"},
+        {"a1", Qt::Checked, "a1=+ a=~ r=~ r:a,r,a1=+"},  // partial means checked and walks past unchanged nodes
+        {"r", Qt::PartiallyChecked, ""},                 // it is partial already
+        {"a", Qt::Checked, "a=+ r=~ a2=+ r:a2,a=+"},
+        {"b", Qt::PartiallyChecked, "b=+ r=+ b1=+ r:r,b1,b=+"},
+        {"s", Qt::Checked, "s=+ s:s=+"}};  // top-level nodes stand alone
+    for (const auto& [name, state, told] : steps)
+        EXPECT_EQ(set(name, state), told) << name;
     nodes["b1"]->storeCheckState(Qt::Unchecked);
     EXPECT_EQ(set("r", Qt::PartiallyChecked), "r=+ b1=+ r:b1,r=+");
-}
-
-TEST_F(CheckBoxTree, TopLevelNodesStandAlone) {
-    EXPECT_EQ(set("s", Qt::Checked), "s=+ s:s=+");
-    EXPECT_EQ(nodes["r"]->checkState(), Qt::Unchecked);
 }
 
 TEST_F(CheckBoxTree, TouchTellsEverythingBelowAndThenItself) {

@@ -1,10 +1,4 @@
-#include <gtest/gtest.h>
-#include <initializer_list>
-#include <utility>
-
-#include <QTest>
-
-#include "tests/ui/imports/Scene.h"
+#include "tests/support/Scene.h"
 #include "ui/common/NameTreeModel.h"
 #include "ui/common/NameTreeNode.h"
 
@@ -31,11 +25,11 @@ protected:
     }
 
     void fill(const QString& suffix) {
-        QVector<NameRecord> records;
-        for (const auto& [name, parent] : std::initializer_list<std::pair<const char*, const char*>>{
-                 {"all", ""}, {"site", "all"}, {"office", "all"}, {"pit", "site"}, {"wall", "site"}})
-            records.append({name + suffix, name, parent, {}});
-        model.build(records);
+        model.build({{"all" + suffix, "all", "", {}},
+                     {"site" + suffix, "site", "all", {}},
+                     {"office" + suffix, "office", "all", {}},
+                     {"pit" + suffix, "pit", "site", {}},
+                     {"wall" + suffix, "wall", "site", {}}});
     }
 
     QModelIndex top() const { return model.index(0, 0); }
@@ -80,9 +74,9 @@ TEST_F(TreeTest, FollowsTheModelAndReportsTheUserOnce) {
 
     calls.clear();
     scene.evaluate("select(theModel.index(0, 0)), forceActiveFocus()");
-    scene.press(Qt::Key_Right);
+    scene.key(Qt::Key_Right);
     EXPECT_SHOWN(scene, "all site office");
-    scene.press(Qt::Key_Left);
+    scene.key(Qt::Key_Left);
     EXPECT_SHOWN(scene, "all");
     EXPECT_EQ(calls, QStringList({"expand all", "collapse all"}));
 }
@@ -120,12 +114,12 @@ TEST_F(TreeTest, CurrentIndexIsTheSelectionWhateverMovesAround) {
     scene.evaluate("select(theModel.index(1, 0, theModel.index(0, 0))), seen = []");
     model.moveNode(model.appendNode(top(), new NameTreeNode(nullptr, "gate")), -2);
     scene.evaluate("collapse(theModel.index(1, 0, theModel.index(0, 0)))");
-    QTest::qWait(0);
+    scene.settle();
     const QStringList seen = scene.evaluate("seen").toStringList();
     for (const QString& name : seen)
         EXPECT_EQ(name, "office");
     EXPECT_EQ(scene.evaluate("theModel.name(currentIndex)"), "office");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return scene.evaluate("__currentRow") == 3; }));
+    EXPECT_TRUE(scene.becomes("__currentRow == 3"));
 }
 
 TEST_F(TreeTest, ClosingARowTakesTheSelectionInsideItAlong) {
@@ -141,28 +135,22 @@ TEST_F(TreeTest, IsWalkedByKeyboard) {
         "onActivated: entered = theModel.name(index) }",
         context());
     scene.evaluate("forceActiveFocus()");
-    const auto current = [&] {
-        QTest::qWait(0);
-        return scene.evaluate("theModel.name(currentIndex)").toString();
-    };
-    scene.press(Qt::Key_End);
-    EXPECT_EQ(current(), "office");
-    scene.press(Qt::Key_Home);
-    EXPECT_EQ(current(), "all");
-    scene.press(Qt::Key_Right);
-    scene.press(Qt::Key_Down);
-    EXPECT_EQ(current(), "pit");
-    scene.press(Qt::Key_Left);
-    EXPECT_EQ(current(), "site");
-    scene.press(Qt::Key_Return);
+    const std::pair<QList<Qt::Key>, const char*> steps[] = {{{Qt::Key_End}, "office"},
+                                                            {{Qt::Key_Home}, "all"},
+                                                            {{Qt::Key_Right, Qt::Key_Down}, "pit"},
+                                                            {{Qt::Key_Left, Qt::Key_Return}, "site"}};
+    for (const auto& [keys, current] : steps) {
+        for (const Qt::Key key : keys)
+            scene.key(key);
+        EXPECT_EQ(scene.evaluate("theModel.name(currentIndex)"), current);
+    }
     EXPECT_EQ(scene.evaluate("entered"), "site");
 }
 
 TEST_F(TreeTest, AClickOnTheExpanderClosesARowWithoutSelectingIt) {
     Scene scene(open, context());
-    const auto expanders = scene.items([](QQuickItem* item) {
-        return item->property("source").toString().contains("tree/open") && item->isVisible();
-    });
+    const auto expanders =
+        scene.items([](QQuickItem* item) { return item->property("source").toString().contains("tree/open"); });
     ASSERT_EQ(expanders.size(), 2);
     scene.click(expanders.last());
     EXPECT_SHOWN(scene, "all site office");

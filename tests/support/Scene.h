@@ -1,12 +1,12 @@
 #pragma once
 
-#include <functional>
 #include <ostream>
 
 #include <QQmlEngine>
-#include <QQuickItem>
-#include <QQuickWindow>
 #include <QStringList>
+
+#include "tests/support/NoWarnings.h"
+#include "tests/support/QuickPilot.h"
 
 // How GoogleTest shows these types.
 inline void PrintTo(const QString& text, std::ostream* out) {
@@ -22,7 +22,7 @@ inline void PrintTo(const QVariant& value, std::ostream* out) {
 namespace support {
 
 /// A shown window with one piece of QML in it. Whatever the engine warns of while it lives fails the test.
-class Scene {
+class Scene : public QuickPilot {
 public:
     /// `imports` come before `body`, whose root has to be an Item.
     explicit Scene(const QByteArray& body, const QVariantMap& context = {}, const QByteArray& imports = {});
@@ -32,19 +32,18 @@ public:
 
     QQuickItem* root() const { return m_root; }
     QQuickWindow& window() { return m_window; }
-    /// The item or object with this objectName, delegates and pop-ups included.
-    QQuickItem* item(const QString& objectName) const;
-    QList<QQuickItem*> items(const std::function<bool(QQuickItem*)>& wanted) const;
-    /// Every visible text of the scene, from top to bottom and from left to right.
+    /// The visible item with this objectName.
+    QQuickItem* item(const QString& objectName) const { return find("objectName", objectName); }
+    /// Every visible item that passes, from top to bottom and from left to right.
+    QList<QQuickItem*> items(const ItemTest& wanted) const;
+    /// Every visible text of the scene.
     QStringList texts() const;
     QVariant evaluate(const QString& expression) const;
-
-    void click(const QQuickItem* item);
-    void hover(const QQuickItem* item);
-    void type(const QString& text);
-    void press(int key);
+    /// Whether the expression is true, at once or soon.
+    bool becomes(const QString& expression) const;
 
 private:
+    NoWarnings m_watch;
     QQmlEngine m_engine;
     QQuickWindow m_window;
     QQuickItem* m_root = nullptr;
