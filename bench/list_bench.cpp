@@ -98,7 +98,7 @@ public:
         const auto shown = QObject::connect(&m_list, &TaskManagerViewModel::taskModelChanged, &loop, [&] {
             QObject::connect(&m_view, &QQuickWindow::frameSwapped, &loop, &QEventLoop::quit, Qt::QueuedConnection);
         });
-        support::click(row);
+        QTest::mouseClick(&m_view, Qt::LeftButton, {}, support::centreOf(row));
         loop.exec();
         QObject::disconnect(shown);
         if (m_list.taskModel()->task_list()->size() != 15)

@@ -46,7 +46,7 @@ protected:
 
 TEST_F(TaskList, ShowsThePageOfTheCatalog) {
     EXPECT_EQ(lastQuery().deptId + L" " + lastQuery().disclosureCatalogId, L"dept base");
-    EXPECT_EQ(lastQuery().dateType, -1);
+    EXPECT_EQ(describe(lastQuery()), "-1 -1 -/-  p1x15");
     EXPECT_EQ(lastQuery().startDateMills, -1);
     EXPECT_EQ(lastQuery().endDateMills, -1);
     EXPECT_EQ(rowCount(), 15);
@@ -138,8 +138,7 @@ TEST_F(TaskList, SaysWhyThereIsNothing) {
     EXPECT_TRUE(list.reading()->isExcluded());
     list.clearFilters();
     settle();
-    EXPECT_EQ(lastQuery().keyword + std::to_wstring(lastQuery().status) + std::to_wstring(lastQuery().dateType),
-              L"0-1");
+    EXPECT_EQ(describe(lastQuery()), "0 -1 -/-  p1x15");
     EXPECT_EQ(list.reading()->text(), "此目录下没有任务");
     EXPECT_FALSE(list.reading()->isExcluded());
     EXPECT_EQ(list.shownCount(), 0);
@@ -261,10 +260,8 @@ TEST_F(TaskList, OnlyAnotherCatalogStartsAfresh) {
     EXPECT_EQ(list.totalCount(), 0);
     EXPECT_EQ(list.searchOrderColumn(), -1);
     settle();
-    const Query& query = lastQuery();
-    EXPECT_EQ(query.disclosureCatalogId + L" " + query.keyword, L"frame 柱");
-    EXPECT_EQ(query.orderKey + query.orderType, L"");
-    EXPECT_EQ(std::tuple(query.currentPage, query.pageSize, query.status, query.dateType), std::tuple(1, 15, -1, -1));
+    EXPECT_EQ(lastQuery().disclosureCatalogId, L"frame");
+    EXPECT_EQ(describe(lastQuery()), "-1 -1 -/- 柱 p1x15");
 }
 
 TEST_F(TaskList, SortsByTheColumnsThatSort) {

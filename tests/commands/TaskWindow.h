@@ -19,6 +19,22 @@ inline void awaitRefresh(const TaskManagerViewModel& list) {
     ASSERT_TRUE(QTest::qWaitFor([timer] { return !timer->isActive(); }));
 }
 
+/// "status kind-of-date start/end keyword pPAGExSIZE order", days as MM-dd.
+inline std::string describe(const DISCLOSUREPACKAGE::TaskQuery& query) {
+    const auto day = [](int64_t mills) {
+        return mills < 0 ? "-" : QDateTime::fromMSecsSinceEpoch(mills).toString("MM-dd");
+    };
+    return QString("%1 %2 %3/%4 %5 p%6x%7 %8")
+        .arg(query.status)
+        .arg(query.dateType)
+        .arg(day(query.startDateMills), day(query.endDateMills), QString::fromStdWString(query.keyword))
+        .arg(query.currentPage)
+        .arg(query.pageSize)
+        .arg(QString::fromStdWString(query.orderKey + L" " + query.orderType))
+        .trimmed()
+        .toStdString();
+}
+
 /// The main window over a service with catalogs and tasks, with the hands of a user.
 class TaskWindow : public testing::Test {
 protected:

@@ -48,18 +48,16 @@ QStringList ServiceProbe::children(const QString& parentId) {
     return names;
 }
 
-QJsonObject ServiceProbe::tasks(const QString& catalogId, const QMap<QString, QString>& changed) {
-    QMap<QString, QString> values{{"deptId", m_deptId},   {"disclosureCatalogId", catalogId},
-                                  {"status", "0"},        {"keyword", ""},
-                                  {"dateType", "-1"},     {"startDateMills", "-1"},
-                                  {"endDateMills", "-1"}, {"currentPage", "1"},
-                                  {"pageSize", "15"},     {"orderKey", ""},
-                                  {"orderType", ""}};
-    for (auto value = changed.begin(); value != changed.end(); ++value)
-        values[value.key()] = value.value();
-    QUrlQuery query;
-    for (auto value = values.begin(); value != values.end(); ++value)
-        query.addQueryItem(value.key(), value.value());
+QJsonObject ServiceProbe::tasks(const QString& catalog, const QList<QPair<QString, QString>>& changed) {
+    QUrlQuery query(
+        "status=0&keyword=&dateType=-1&startDateMills=-1&endDateMills=-1&currentPage=1&pageSize=15&orderKey=&"
+        "orderType=");
+    query.addQueryItem("disclosureCatalogId", catalogId(catalog));
+    query.addQueryItem("deptId", m_deptId);
+    for (const auto& [key, value] : changed) {
+        query.removeQueryItem(key);
+        query.addQueryItem(key, value);
+    }
     return get("/rs/disclosure/task/page_disclosure_task_by_deptid_and_catalogid?" + query.toString(QUrl::FullyEncoded))
         .toObject();
 }
@@ -73,7 +71,7 @@ QJsonObject ServiceProbe::pushConfig() {
 }
 
 QByteArray ServiceProbe::file(const QString& uuid) {
-    return request("GET", QStringLiteral("/rs/platform/files/%1?deptId=%2").arg(uuid, m_deptId), {});
+    return request("GET", QString("/rs/platform/files/%1?deptId=%2").arg(uuid, m_deptId), {});
 }
 
 QJsonObject ServiceProbe::messages() {

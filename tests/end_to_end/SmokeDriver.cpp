@@ -8,7 +8,6 @@
 
 #include "sdk/basecore/MgrObject.h"
 #include "sdk/basecore/PlugIn.h"
-#include "tests/end_to_end/Screen.h"
 #include "tests/end_to_end/Walks.h"
 
 namespace {
@@ -23,34 +22,28 @@ public:
 
 private:
     void walk() {
-        QToolButton* button = nullptr;
-        screen::expect(QTest::qWaitFor([&] { return (button = commandButton()) != nullptr; }, 10000),
-                       "the command's button shows");
+        const auto find = [] {
+            return screen::findWidget([](QWidget* widget) {
+                const auto* button = qobject_cast<QToolButton*>(widget);
+                return button && button->text() == "技术交底";
+            });
+        };
+        screen::expectSoon([&] { return find() != nullptr; }, "the command's button shows");
         QTest::qWait(500);  // the status line asks the service once
         screen::picture("workbench");
         screen::inDialog(
-            QStringLiteral("交底管理"), [&] { QTest::mouseClick(button, Qt::LeftButton); },
-            [this](QQuickView* view) {
+            "交底管理", [&] { QTest::mouseClick(find(), Qt::LeftButton); },
+            [this](screen::View& view) {
                 screen::picture("main-window");
                 walkCatalogs(view, m_service);
                 walkTaskList(view, m_service);
                 walkTaskLife(view, m_service);
-                walkOutage(view, m_service);
                 walkReminders(view, m_service);
             });
         walkMessages(m_service);
         std::puts("smoke: all is as it should be");
         qApp->closeAllWindows();
         qApp->quit();
-    }
-
-    static QToolButton* commandButton() {
-        const auto widgets = QApplication::allWidgets();
-        for (QWidget* widget : widgets)
-            if (auto* button = qobject_cast<QToolButton*>(widget))
-                if (button->isVisible() && button->text() == QStringLiteral("技术交底"))
-                    return button;
-        return nullptr;
     }
 
     ServiceProbe m_service;

@@ -1,81 +1,47 @@
 #include <csignal>
 
-#include <QApplication>
 #include <QCryptographicHash>
 #include <QDate>
 #include <QFile>
 #include <QLabel>
 #include <QProgressBar>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include "sdk/basecore/IBaseCoreData.h"
 #include "sdk/basecore/IWebMgr.h"
 #include "sdk/basecore/ManagerNames.h"
-#include "tests/end_to_end/Editor.h"
-#include "tests/end_to_end/Screen.h"
-#include "tests/end_to_end/TaskRows.h"
 #include "tests/end_to_end/Walks.h"
 
 using namespace screen;
 
 namespace {
 
-const QString kName = QStringLiteral("塔吊安装技术交底");
-const QString kNewName = QStringLiteral("塔吊安装与验收交底 🏗");
-const QString kFile = QStringLiteral("塔吊安装方案.pdf");
-const QString kHome = QStringLiteral("机电安装");
-const QString kTarget = QStringLiteral("模板工程");
-const QString kTargetTop = QStringLiteral("土建工程");
-const QString kSave = QStringLiteral("保存计划");
-const QString kPublish = QStringLiteral("发布交底");
-const QString kNameField = QStringLiteral("任务名称：");
+const QString kName = "塔吊安装技术交底";
+const QString kNewName = "塔吊安装与验收交底 🏗";
+const QString kFile = "塔吊安装方案.pdf";
+const QString kHome = "机电安装";
+const QString kTarget = "模板工程";
+const QString kTargetTop = "土建工程";
+const QString kNameField = "任务名称：";
 
-/// Takes a picture of the progress dialog in the middle of a transfer, during which no timer runs.
-class ProgressPicture : public QObject {
-public:
-    ProgressPicture() { qApp->installEventFilter(this); }
-    bool wasTaken() const { return m_wasTaken; }
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        const auto* bar = event->type() == QEvent::Paint ? qobject_cast<QProgressBar*>(watched) : nullptr;
-        if (bar && !m_wasTaken && bar->value() > bar->maximum() / 4 &&
-            bar->window()->windowTitle() == QStringLiteral("处理状态")) {
-            m_wasTaken = true;
-            pictureAtOnce("upload-progress");
-        }
-        return false;
-    }
-
-private:
-    bool m_wasTaken = false;
-};
-
-qint64 millsOf(QDate date) {
-    return date.startOfDay().toMSecsSinceEpoch();
-}
+/// The days from today of each date, by the caption in the editor and the key in the service.
+const std::tuple<const char*, const char*, int> kDays[] = {{"施工开始日期：", "constructionStartDateMills", 0},
+                                                           {"施工结束日期：", "constructionEndDateMills", 30},
+                                                           {"计划交底日期：", "planDisclosureDateMills", 3},
+                                                           {"截止日期：", "expiryDateMills", 7}};
 
 qint64 number(const QJsonObject& object, const char* key) {
     return object.value(QLatin1String(key)).toVariant().toLongLong();
 }
 
-int countOf(ServiceProbe& service, const QString& catalog) {
-    return service.tasks(service.catalogId(catalog)).value("totalCount").toInt();
-}
-
 QString labelOf(const QString& catalog, int count) {
-    return QStringLiteral("%1(%2)").arg(catalog).arg(count);
+    return QString("%1(%2)").arg(catalog).arg(count);
 }
 
 /// The tree shows it at once, and the service has counted so.
-void expectCount(QQuickView* view, ServiceProbe& service, const QString& catalog, int count) {
-    expectText(view, labelOf(catalog, count));
-    expect(countOf(service, catalog) == count, QStringLiteral("%1 has %2 tasks").arg(catalog).arg(count));
-}
-
-void expectFirst(QQuickView* view, const QString& name) {
-    expectSoon([&] { return rows::firstTask(view) && rows::firstTask(view)->property("name") == name; },
-               "first in the list is " + name);
+void expectCount(const View& view, ServiceProbe& service, const QString& catalog, int count) {
+    view.expectText(labelOf(catalog, count));
+    expect(service.count(catalog) == count, QString("%1 has %2 tasks").arg(catalog).arg(count));
 }
 
 QByteArray writeDocument(const QString& path) {
@@ -87,92 +53,86 @@ QByteArray writeDocument(const QString& path) {
     return content;
 }
 
-void fillIn(QQuickView* view, const QString& path) {
-    const QDate today = QDate::currentDate();
+void fillIn(View& editor, const QString& path) {
     picture("editor-empty");
-    editor::enter(view, kNameField, "  " + kName);
-    answering("refused", QStringLiteral("请选择交底人"), [&] { editor::press(view, kPublish); });
-    editor::choosePeople(view, QStringLiteral("交底人："), "choose-discloser", {{"DEM", "张建国(demo)"}});
-    editor::choosePeople(view, QStringLiteral("接受交底人："), "choose-receivers",
-                         {{"李明", "李明(editor)"}, {"chenw", "陈伟(chenwei)"}});
-    editor::enter(view, QStringLiteral("施工开始日期："), today.toString(Qt::ISODate));
-    editor::enter(view, QStringLiteral("施工结束日期："), today.addDays(30).toString(Qt::ISODate));
-    editor::enter(view, QStringLiteral("计划交底日期："), today.addDays(3).toString(Qt::ISODate));
-    editor::enter(view, QStringLiteral("截止日期："), today.addDays(7).toString(Qt::ISODate));
-    const ProgressPicture progress;
-    editor::upload(view, path);
-    expectText(view, kFile);
-    expect(progress.wasTaken(), "the upload shows its progress");
-    support::click(support::findByProperty(view, "maxlength", 300));
-    support::retype(view, QStringLiteral("第一行\n第二行"));
+    editor.enter(kNameField, "  " + kName);
+    answering("refused", "请选择交底人", [&] { editor.pressButton("发布交底"); });
+    editor.choosePeople("交底人：", "choose-discloser", {{"DEM", "张建国(demo)"}});
+    editor.choosePeople("接受交底人：", "choose-receivers", {{"李明", "李明(editor)"}, {"chenw", "陈伟(chenwei)"}});
+    for (const auto& [caption, key, days] : kDays)
+        editor.enter(caption, QDate::currentDate().addDays(days).toString(Qt::ISODate));
+    {
+        const DuringWait progress("upload-progress", [](QWidget* widget) {
+            const auto* bar = qobject_cast<QProgressBar*>(widget);
+            return bar && bar->value() > bar->maximum() / 4;
+        });
+        editor.upload(path);
+    }
+    editor.expectText(kFile);
+    editor.click(editor.find("maxlength", 300)).retype("第一行\n第二行");
     picture("editor-filled");
 }
 
 void expectStored(ServiceProbe& service, const QJsonObject& task, const QByteArray& content) {
-    const QDate today = QDate::currentDate();
-    const QJsonArray receivers = task.value("disclosureTaskReceiveUserList").toArray();
     const QJsonObject doc = task.value("disclosureTaskDocList").toArray().first().toObject();
     QStringList stored{task.value("name").toString(), task.value("disclosureUserName").toString(),
                        task.value("remark").toString(), doc.value("name").toString()};
-    for (const QJsonValue& receiver : receivers)
+    for (const QJsonValue& receiver : task.value("disclosureTaskReceiveUserList").toArray())
         stored << receiver.toObject().value("userName").toString();
     expect(stored == QStringList{kName, "demo", "第一行\n第二行", kFile, "editor", "chenwei"},
            "the service has what was typed: " + stored.join('|'));
-    const std::pair<const char*, int> days[] = {{"constructionStartDateMills", 0},
-                                                {"constructionEndDateMills", 30},
-                                                {"planDisclosureDateMills", 3},
-                                                {"expiryDateMills", 7}};
-    for (const auto& [key, day] : days)
-        expect(number(task, key) == millsOf(today.addDays(day)), QStringLiteral("the service has the %1").arg(key));
+    for (const auto& [caption, key, days] : kDays)
+        expect(number(task, key) == QDate::currentDate().addDays(days).startOfDay().toMSecsSinceEpoch(),
+               QString("the service has the %1").arg(key));
     expect(service.file(doc.value("uuid").toString()) == content, "the document comes back as it was");
 }
 
-QString create(QQuickView* view, ServiceProbe& service) {
+QString create(View& view, ServiceProbe& service) {
     const QTemporaryDir folder;
     const QByteArray content = writeDocument(folder.filePath(kFile));
-    const int before = countOf(service, kHome);
-    selectCatalog(view, labelOf(kHome, before));
+    const int before = service.count(kHome);
+    view.selectCatalog(labelOf(kHome, before));
     inDialog(
-        QStringLiteral("交底任务"), [&] { press(view, Pane::Tasks, QStringLiteral("新建")); },
-        [&](QQuickView* editor) {
+        "交底任务", [&] { view.press(Pane::Tasks, "新建"); },
+        [&](View& editor) {
             fillIn(editor, folder.filePath(kFile));
-            expect(countOf(service, kHome) == before, "the service has no task that was refused");
-            editor::press(editor, kSave);
+            expect(service.count(kHome) == before, "the service has no task that was refused");
+            editor.pressButton("保存计划");
         });
     expectCount(view, service, kHome, before + 1);
-    expectFirst(view, kName);
+    view.expectFirst("name", kName);
     picture("task-created");
-    const QString id = rows::firstTask(view)->property("id").toString();
+    const QString id = view.first("id");
     expectStored(service, service.task(id), content);
     return id;
 }
 
-bool statusLineSays(const QString& text) {
-    const auto widgets = QApplication::allWidgets();
-    return std::any_of(widgets.begin(), widgets.end(), [&](QWidget* widget) {
+void expectStatusLine(const QString& text) {
+    const auto says = [&](QWidget* widget) {
         const auto* label = qobject_cast<QLabel*>(widget);
-        return label && label->isVisible() && label->text().contains(text);
-    });
+        return label && label->text().contains(text);
+    };
+    expectSoon([&] { return findWidget(says) != nullptr; }, "the status line says " + text);
 }
 
 /// While the service is away, nothing is saved and nothing typed is lost.
-void editWithoutService(QQuickView* view, ServiceProbe& service, const QString& id) {
+void editWithoutService(View& view, ServiceProbe& service, const QString& id) {
     inDialog(
-        QStringLiteral("交底任务"), [&] { rows::clickEdit(view); },
-        [&](QQuickView* editor) {
-            expect(editor::value(editor, kNameField) == kName, "the editor shows the task");
-            expectText(editor, kFile);
-            editor::enter(editor, kNameField, kNewName);
+        "交底任务", [&] { view.clickEdit(); },
+        [&](View& editor) {
+            expect(editor.value(kNameField) == kName, "the editor shows the task");
+            editor.expectText(kFile);
+            editor.enter(kNameField, kNewName);
             makeNetwork(SIGUSR2);
-            answering("service-away", QStringLiteral("保存未完成："), [&] { editor::press(editor, kSave); });
-            expect(editor->isVisible() && editor::value(editor, kNameField) == kNewName, "nothing typed is lost");
-            expectSoon([] { return statusLineSays(QStringLiteral("服务无法连接")); }, "the status line says so");
+            answering("service-away", "保存未完成：", [&] { editor.pressButton("保存计划"); });
+            expect(editor.isOpen() && editor.value(kNameField) == kNewName, "nothing typed is lost");
+            expectStatusLine("服务无法连接");
             makeNetwork(SIGHUP);
-            expectSoon([] { return statusLineSays(QStringLiteral("服务正常")); }, "the status line says so");
-            editor::press(editor, kSave);
+            expectStatusLine("服务正常");
+            editor.pressButton("保存计划");
             expectSoon([&] { return service.task(id).value("name") == kNewName; }, "the service has the new name");
         });
-    expectFirst(view, kNewName);
+    view.expectFirst("name", kNewName);
     picture("task-edited");
 }
 
@@ -186,36 +146,30 @@ QByteArray sessionOfWorkbench() {
     return QByteArray::fromStdString(cookie->GetEntry("VALUE"));
 }
 
-void publishInExpiredSession(QQuickView* view, ServiceProbe& service, const QString& id) {
+void publishInExpiredSession(View& view, ServiceProbe& service, const QString& id) {
     const QByteArray session = sessionOfWorkbench();
     inDialog(
-        QStringLiteral("交底任务"), [&] { rows::clickEdit(view); },
-        [&](QQuickView* editor) {
+        "交底任务", [&] { view.clickEdit(); },
+        [&](View& editor) {
             service.endSession(session);
-            editor::press(editor, kPublish);
+            editor.pressButton("发布交底");
         });
     expect(sessionOfWorkbench() != session, "the workbench logged in again");
     expect(number(service.task(id), "isPublish") == 1, "the service has the task published");
-    expectSoon([&] { return rows::firstTask(view)->property("released").toBool(); }, "the row is published");
+    view.expectFirst("released", "true");
 }
 
-void move(QQuickView* view, ServiceProbe& service, const QString& id) {
-    const int home = countOf(service, kHome);
-    const int target = countOf(service, kTargetTop);
+void move(View& view, ServiceProbe& service, const QString& id) {
+    const int home = service.count(kHome);
+    const int target = service.count(kTargetTop);
     const QString wanted = service.catalogId(kTarget);
-    expect(rows::checkFirst(view) == id, "the task is checked");
+    view.checkFirst(id);
     inDialog(
-        QStringLiteral("选择路径"), [&] { press(view, Pane::Tasks, QStringLiteral("移动")); },
-        [&](QQuickView* chooser) {
-            QQuickItem* row = nullptr;
-            const auto isTarget = [](QQuickItem* item) {
-                return item->property("text").toString().startsWith(kTarget + '(');
-            };
-            expectSoon([&] { return (row = support::findItem(chooser->contentItem(), isTarget)) != nullptr; },
-                       "the chooser shows the catalogs");
-            support::click(row);
+        "选择路径", [&] { view.press(Pane::Tasks, "移动"); },
+        [&](View& chooser) {
+            chooser.click(chooser.expectBeginning(kTarget + '('));
             picture("task-move");
-            clickText(chooser, QStringLiteral("确定"));
+            chooser.clickText("确定");
         });
     expect(service.task(id).value("disclosureCatalogId") == wanted, "the service moved the task");
     expectCount(view, service, kHome, home - 1);
@@ -223,22 +177,21 @@ void move(QQuickView* view, ServiceProbe& service, const QString& id) {
     picture("task-moved");
 }
 
-void remove(QQuickView* view, ServiceProbe& service, const QString& id) {
-    const int before = countOf(service, kTargetTop);
-    selectCatalog(view, labelOf(kTargetTop, before));
-    expectFirst(view, kNewName);
-    expect(rows::checkFirst(view) == id, "the task is checked");
-    answering("task-delete", QStringLiteral("是否删除？删除后，不能恢复数据。"),
-              [&] { press(view, Pane::Tasks, QStringLiteral("删除")); });
+void remove(View& view, ServiceProbe& service, const QString& id) {
+    const int before = service.count(kTargetTop);
+    view.selectCatalog(labelOf(kTargetTop, before));
+    view.expectFirst("name", kNewName);
+    view.checkFirst(id);
+    answering("task-delete", "是否删除？删除后，不能恢复数据。", [&] { view.press(Pane::Tasks, "删除"); });
     expect(service.task(id).isEmpty(), "the service deleted the task");
     expectCount(view, service, kTargetTop, before - 1);
-    expectSoon([&] { return rows::firstTask(view)->property("name") != kNewName; }, "the list dropped the task");
+    expectSoon([&] { return view.first("name") != kNewName; }, "the list dropped the task");
     picture("task-deleted");
 }
 
 }  // namespace
 
-void walkTaskLife(QQuickView* view, ServiceProbe& service) {
+void walkTaskLife(View& view, ServiceProbe& service) {
     const QString id = create(view, service);
     editWithoutService(view, service, id);
     publishInExpiredSession(view, service, id);

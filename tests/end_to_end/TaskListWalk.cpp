@@ -1,77 +1,87 @@
-#include <QDateTime>
-#include <QQmlContext>
-#include <QTest>
+#include <csignal>
 
-#include "tests/end_to_end/Screen.h"
-#include "tests/end_to_end/TaskRows.h"
+#include <QDateTime>
+
 #include "tests/end_to_end/Walks.h"
-#include "tests/support/QuickPilot.h"
 
 using namespace screen;
 
 namespace {
 
-/// The text of the first row's name.
-QString firstName(QQuickView* view) {
-    const QObject* task = rows::firstTask(view);
-    return task ? task->property("name").toString() : QString();
-}
+const QString kTop = "全部";
+const QString kHint = "请输入名称进行搜索";
 
-void expectSame(QQuickView* view, const QJsonObject& page, const QString& what) {
-    const QString total = QStringLiteral("共计%1条数据").arg(page.value("totalCount").toInt());
-    const QString first = page.value("result").toArray().first().toObject().value("name").toString();
+void expectSame(const View& view, const QJsonObject& page, const QString& what) {
+    const QString first = ServiceProbe::firstOf(page).value("name").toString();
     expect(!first.isEmpty(), "the service has tasks " + what);
-    expectSoon([&] { return support::findByText(view, total) && firstName(view) == first; },
-               QStringLiteral("the list shows %1, first %2, %3").arg(total, first, what));
+    view.expectText(QString("共计%1条数据").arg(page.value("totalCount").toInt()));
+    view.expectFirst("name", first);
 }
 
-QQuickItem* searchField(QQuickView* view) {
-    QQuickItem* field = support::findByProperty(view, "placeholderText", QStringLiteral("请输入名称进行搜索"));
-    expect(field != nullptr, "there is a search field");
-    return field;
-}
-
-void searchSortAndPage(QQuickView* view, ServiceProbe& service) {
-    const QString top = service.catalogId(QStringLiteral("全部"));
-    selectCatalog(view, QStringLiteral("全部"));
-    expectSame(view, service.tasks(top), "as they are");
+void searchSortAndPage(View& view, ServiceProbe& service) {
+    using Changes = QList<QPair<QString, QString>>;
+    const Changes byName{{"orderKey", "taskName"}, {"orderType", "ASC"}};
+    view.selectCatalog(kTop);
+    expectSame(view, service.tasks(kTop), "as they are");
     picture("task-list");
-    support::click(support::findByText(view, QStringLiteral("任务名称")));
-    support::click(searchField(view));
-    support::retype(view, QStringLiteral("安全措施"));
-    QTest::keyClick(view, Qt::Key_Return);
-    expectSame(view, service.tasks(top, {{"orderKey", "taskName"}, {"orderType", "ASC"}, {"keyword", "安全措施"}}),
-               "with the words searched for, by name");
+    view.clickText("任务名称");
+    view.search(kHint, "安全措施").key(Qt::Key_Return);
+    expectSame(view, service.tasks(kTop, byName + Changes{{"keyword", "安全措施"}}), "with the words, by name");
     picture("task-search");
-    support::retype(view, QString());
-    QTest::keyClick(view, Qt::Key_Return);
-    expectSame(view, service.tasks(top, {{"orderKey", "taskName"}, {"orderType", "ASC"}}), "by name");
-    support::click(support::findByProperty(view, "tooltipText", QStringLiteral("下一页")));
-    expectSame(view, service.tasks(top, {{"orderKey", "taskName"}, {"orderType", "ASC"}, {"currentPage", "2"}}),
-               "on the second page");
+    view.retype({}).key(Qt::Key_Return);
+    expectSame(view, service.tasks(kTop, byName), "by name");
+    view.press(Pane::Tasks, "下一页");
+    expectSame(view, service.tasks(kTop, byName + Changes{{"currentPage", "2"}}), "on the second page");
 }
 
-void changeDate(QQuickView* view, ServiceProbe& service) {
-    QQuickItem* cell = rows::findCell(view, [](QQuickItem* item) {
-        return item->property("column") == QStringLiteral("施工开始日期") && item->property("editable").toBool();
+void changeDate(View& view, ServiceProbe& service) {
+    QQuickItem* cell = view.cell([](QQuickItem* item) {
+        return item->property("column") == "施工开始日期" && item->property("editable").toBool();
     });
-    expect(cell != nullptr, "the date of an unpublished task can be changed");
-    const QString id = rows::taskOf(cell)->property("id").toString();
+    const QString id = View::taskOf(cell)->property("id").toString();
     const QDate before = QDate::fromString(cell->property("value").toString(), Qt::ISODate);
-    support::click(cell);
+    view.click(cell);
     QTest::qWait(300);
     picture("task-calendar");
-    QTest::keyClick(view, Qt::Key_Right);
-    QTest::keyClick(view, Qt::Key_Return);
+    view.key(Qt::Key_Right).key(Qt::Key_Return);
     const qint64 wanted = before.addDays(1).startOfDay().toMSecsSinceEpoch();
     expectSoon([&] { return service.task(id).value("constructionStartDateMills").toVariant().toLongLong() == wanted; },
                "the service has the next day as the start of construction");
     QTest::qWait(300);
 }
 
+void loseAndRegainTheNetwork(View& view, ServiceProbe& service) {
+    const QString catalog = "机电安装";
+    const QJsonObject page = service.tasks(catalog);
+    view.search(kHint, "柱");  // and not applied
+    makeNetwork(SIGUSR1);
+    {
+        int paints = 0;
+        const DuringWait wait(
+            "list-loading", [&](QWidget*) { return ++paints > 3; }, [] { makeNetwork(SIGUSR2); });
+        view.selectCatalog(QString("%1(%2)").arg(catalog).arg(page.value("totalCount").toInt()));
+        view.expectBeginning("未能读取：");
+    }
+    expect(!view.text("共计0条数据"), "nobody says that there are none");
+    view.expectBeginning("服务无法连接");
+    picture("list-failed");
+
+    makeNetwork(SIGHUP);
+    view.expectFirst("name", ServiceProbe::firstOf(page).value("name").toString());  // it came back by itself
+    expect(view.text("柱"), "what was typed is still there");
+    picture("list-back");
+    view.search(kHint, {});
+}
+
 }  // namespace
 
-void walkTaskList(QQuickView* view, ServiceProbe& service) {
+void makeNetwork(int how) {
+    const auto proxy = static_cast<pid_t>(qEnvironmentVariableIntValue("SMOKE_PROXY_PID"));
+    expect(proxy > 0 && ::kill(proxy, how) == 0, "the network can be cut");
+}
+
+void walkTaskList(View& view, ServiceProbe& service) {
     searchSortAndPage(view, service);
     changeDate(view, service);
+    loseAndRegainTheNetwork(view, service);
 }

@@ -1,21 +1,18 @@
 #pragma once
 
-#include <QQuickView>
-
+#include "tests/end_to_end/Screen.h"
 #include "tests/end_to_end/ServiceProbe.h"
 
 /// Creates, renames, moves and deletes a catalog in the main window.
-void walkCatalogs(QQuickView* view, ServiceProbe& service);
-/// Searches, sorts, pages and changes tasks in the main window.
-void walkTaskList(QQuickView* view, ServiceProbe& service);
+void walkCatalogs(screen::View& view, ServiceProbe& service);
+/// Searches, sorts, pages and changes tasks in the main window, and cuts the network under it and joins it again.
+void walkTaskList(screen::View& view, ServiceProbe& service);
 /// Creates a task with an uploaded document, edits it while the service is away, publishes it after the session has
 /// expired, moves and deletes it.
-void walkTaskLife(QQuickView* view, ServiceProbe& service);
+void walkTaskLife(screen::View& view, ServiceProbe& service);
 /// Tells the network between the workbench and the service, which proxy.py stands in for, by one of its signals.
 void makeNetwork(int how);
-/// Cuts the network under the main window and joins it again.
-void walkOutage(QQuickView* view, ServiceProbe& service);
 /// Sets the reminders, so that the service makes messages.
-void walkReminders(QQuickView* view, ServiceProbe& service);
+void walkReminders(screen::View& view, ServiceProbe& service);
 /// Reads the messages under the workbench's bell and opens the task of the first one.
 void walkMessages(ServiceProbe& service);

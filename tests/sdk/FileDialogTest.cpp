@@ -22,24 +22,19 @@ CFileDialog::Result run(CFileDialog& dialog, const std::function<void(QFileDialo
     return dialog.DoModal();
 }
 
-CFileDialog openDialog(const std::wstring& filter) {
-    return {true, L"", L"", CFileDialog::kHideReadOnly, filter};
-}
-
 TEST(FileDialog, GivesTheChosenFileAndBeginsThereTheNextTime) {
     const QTemporaryDir folder(QDir::tempPath() + "/图纸");
     const QString path = folder.filePath("平面图 1.dwg");
     ASSERT_TRUE(QFile(path).open(QIODevice::WriteOnly));
-    CFileDialog dialog = openDialog(L"全部文件 | *.*||");
-    EXPECT_EQ(run(dialog,
-                  [&](QFileDialog& shown) {
-                      EXPECT_EQ(shown.nameFilters(), QStringList{"全部文件 (*)"});
-                      EXPECT_EQ(shown.fileMode(), QFileDialog::ExistingFile);
-                      shown.setDirectory(folder.path());
-                      shown.selectFile(path);
-                      static_cast<QDialog&>(shown).accept();
-                  }),
-              CFileDialog::Result::Ok);
+    CFileDialog dialog(true, L"", L"", CFileDialog::kHideReadOnly, L"全部文件 | *.*||");
+    const auto choose = [&](QFileDialog& shown) {
+        EXPECT_EQ(shown.nameFilters(), QStringList{"全部文件 (*)"});
+        EXPECT_EQ(shown.fileMode(), QFileDialog::ExistingFile);
+        shown.setDirectory(folder.path());
+        shown.selectFile(path);
+        static_cast<QDialog&>(shown).accept();
+    };
+    EXPECT_EQ(run(dialog, choose), CFileDialog::Result::Ok);
     EXPECT_EQ(dialog.GetPathName(), path.toStdWString());
     EXPECT_EQ(dialog.GetFileName(), L"平面图 1.dwg");
 
@@ -55,7 +50,7 @@ TEST(FileDialog, ReadsFiltersAndSavesUnderAnExtension) {
         {L"图纸||", {}},
         {L"||", {}}};
     for (const auto& [text, expected] : filters) {
-        CFileDialog dialog = openDialog(text);
+        CFileDialog dialog(true, L"", L"", CFileDialog::kHideReadOnly, text);
         run(dialog, [&expected = expected](QFileDialog& shown) {
             EXPECT_EQ(shown.nameFilters(), expected.isEmpty() ? QFileDialog().nameFilters() : expected);
         });

@@ -24,9 +24,13 @@ public:
             work();  // may destroy the command
         return succeeds;
     }
-    bool FinishCommand() override {
-        ++finishes;
-        return true;
+    bool FinishCommand() override { return ++finishes > 0; }
+    /// Executes it and lets the event loop run.
+    bool run(std::function<void()> work = {}) {
+        inRun = std::move(work);
+        const bool isTaken = Execute();
+        QCoreApplication::processEvents();
+        return isTaken;
     }
 
     bool enabled = true;
@@ -48,14 +52,11 @@ TEST(PushMessageCommand, RunsFromTheEventLoopOnceAtATime) {
     EXPECT_EQ(command.GetStatus(), CmdStatus::Idle);
     EXPECT_EQ(command.GetFault(), L"");
 
-    command.inRun = [&] {
-        EXPECT_TRUE(command.Execute());
-        QCoreApplication::processEvents();
+    EXPECT_TRUE(command.run([&] {
+        EXPECT_TRUE(command.run());
         EXPECT_EQ(command.runs, 3);
         EXPECT_EQ(command.GetStatus(), CmdStatus::Running);
-    };
-    EXPECT_TRUE(command.Execute());
-    QCoreApplication::processEvents();
+    }));
     EXPECT_EQ(command.runs, 3);
     EXPECT_EQ(command.GetStatus(), CmdStatus::Idle);
 }
@@ -75,21 +76,18 @@ TEST(PushMessageCommand, DoesNotRunWhenDisabledStoppedOrGone) {
 TEST(PushMessageCommand, WhatARunFailsThrowsOrDestroysEndsThere) {
     Command command;
     command.runSucceeds = false;
-    command.Execute();
-    QCoreApplication::processEvents();
+    command.run();
     EXPECT_EQ(command.finishes, 0);
     EXPECT_NE(command.GetFault(), L"");
-    command.inRun = [] { throw std::runtime_error("lost"); };
     command.Execute();
     EXPECT_EQ(command.GetFault(), L"");
+    command.inRun = [] { throw std::runtime_error("lost"); };
     QCoreApplication::processEvents();
     EXPECT_EQ(command.GetFault(), L"lost");
     EXPECT_EQ(command.GetStatus(), CmdStatus::Idle);
 
     auto gone = std::make_unique<Command>();
-    gone->inRun = [&] { gone.reset(); };
-    gone->Execute();
-    QCoreApplication::processEvents();
+    gone->run([&] { gone.reset(); });
     EXPECT_EQ(gone, nullptr);
 }
 

@@ -3,7 +3,7 @@
 #include <thread>
 
 #include <QApplication>
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
 #include <QMouseEvent>
 #include <QTimer>
 #include <QWidget>
@@ -33,16 +33,12 @@ struct Restless : Base {
                 if (whenPainted)
                     whenPainted();
                 break;
-            case QEvent::MouseButtonPress:
-            case QEvent::KeyPress:
-            case QEvent::Close:
-                ++disturbed;
-                break;
             default:
-                break;
+                disturbed += kDisturbing.contains(event->type());
         }
         return Base::event(event);
     }
+    static inline const QList<QEvent::Type> kDisturbing{QEvent::MouseButtonPress, QEvent::KeyPress, QEvent::Close};
     int painted = 0;
     int disturbed = 0;
     std::function<void()> whenPainted;
@@ -106,13 +102,8 @@ TEST_F(WaitingTest, WindowsArePaintedAndNothingGetsIn) {
     EXPECT_TRUE(widget.isVisible() && window.isVisible());
     EXPECT_FALSE(fired);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-    for (const QElapsedTimer since =
-             [] {
-                 QElapsedTimer now;
-                 now.start();
-                 return now;
-             }();
-         !fired && since.elapsed() < 30000;)
+    const QDeadlineTimer patience(30000);
+    while (!fired && !patience.hasExpired())
         QCoreApplication::processEvents();
     EXPECT_TRUE(fired) << "what was held back comes afterwards";
 }
@@ -123,12 +114,8 @@ TEST_F(WaitingTest, TheDialogAloneTakesInputAndEndsWhatMayBeGivenUp) {
     const auto future = never.get_future();
     disturb(*dialog.window);
     disturb(widget);
-    EXPECT_FALSE(BASEUI::Wait(future, {.canCancel = true,
-                                       .amount =
-                                           [] {
-                                               return BASEUI::Waiting::Amount{7, 9};
-                                           },
-                                       .dialogAfter = milliseconds(0)}));
+    const auto amount = [] { return BASEUI::Waiting::Amount{7, 9}; };
+    EXPECT_FALSE(BASEUI::Wait(future, {.canCancel = true, .amount = amount, .dialogAfter = milliseconds(0)}));
     EXPECT_GE(dialog.window->disturbed, 3);
     EXPECT_EQ(widget.disturbed, 0);
     EXPECT_EQ(dialog.shown, (std::pair<int64_t, int64_t>(7, 9)));
@@ -146,17 +133,15 @@ TEST_F(WaitingTest, TheDialogAloneTakesInputAndEndsWhatMayBeGivenUp) {
 
 TEST_F(WaitingTest, ADialogThatIsOpenedMeanwhileCanBeUsed) {
     std::promise<void> end;
-    QMetaObject::invokeMethod(
-        &widget,
-        [&] {  // what was posted gets in
-            QEventLoop loop;
-            QTimer::singleShot(0, &loop, [&] { disturb(widget); });
-            QTimer::singleShot(1, &loop, &QEventLoop::quit);
-            loop.exec();
-            QCoreApplication::processEvents();
-            end.set_value();
-        },
-        Qt::QueuedConnection);
+    const auto openDialog = [&] {
+        QEventLoop loop;
+        QTimer::singleShot(0, &loop, [&] { disturb(widget); });
+        QTimer::singleShot(1, &loop, &QEventLoop::quit);
+        loop.exec();
+        QCoreApplication::processEvents();
+        end.set_value();
+    };
+    QMetaObject::invokeMethod(&widget, openDialog, Qt::QueuedConnection);  // what was posted gets in
     EXPECT_TRUE(BASEUI::Wait(end.get_future()));
     EXPECT_GE(widget.disturbed, 1);
 }

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include <QCursor>
 #include <QDialog>
 #include <QQuickView>
 

@@ -5,7 +5,6 @@
 #include <string>
 #include <utility>
 
-#include <QCursor>
 #include <QGuiApplication>
 #include <QPointer>
 #include <QQuickItem>
@@ -35,13 +34,6 @@ inline ItemTest has(const char* property, const QVariant& value) {
 
 inline QPoint centreOf(const QQuickItem* item) {
     return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
-}
-
-/// Clicks where a display's own pointer is then, too.
-inline void click(const QQuickItem* item) {
-    QCursor::setPos(item->window()->mapToGlobal(centreOf(item)));  // menus open where the cursor is
-    QTest::mouseMove(item->window(), centreOf(item));
-    QTest::mouseClick(item->window(), Qt::LeftButton, {}, centreOf(item));
 }
 
 /// The eyes and hands of a user on one window. A gesture ends when what it set off has happened and is drawn; one at
@@ -85,6 +77,16 @@ public:
         hover(item);  // a tool tip goes
         QTest::mouseDClick(m_window, Qt::LeftButton, {}, centreOf(item));
         return settle();
+    }
+    /// In small steps, as a hand does.
+    QuickPilot& drag(QPoint from, QPoint to) {
+        QTest::mouseMove(m_window, from);
+        QTest::mousePress(m_window, Qt::LeftButton, {}, from);
+        for (int step = 1; step <= 8; ++step)
+            QTest::mouseMove(m_window, from + (to - from) * step / 8);
+        QTest::mouseRelease(m_window, Qt::LeftButton, {}, to);
+        QTest::qWait(0);
+        return *this;
     }
     QuickPilot& hover(const QQuickItem* item) {
         QTest::mouseMove(m_window, centreOf(item) - QPoint(1, 0));

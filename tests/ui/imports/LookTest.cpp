@@ -103,7 +103,7 @@ TEST(ToolTip, ShowsTheWholeTextAsItIsOnlyWhereItIsCut) {
         EXPECT_EQ(scene.item("cut")->property("tooltipVisible"), true);
         EXPECT_TRUE(QTest::qWaitFor([&] { return shown().size() == 3; }));
         for (const QQuickItem* text : shown())
-            EXPECT_GE(text->implicitWidth(), scene.item("whole")->implicitWidth()) << "markup is text like any other";
+            EXPECT_GT(text->implicitWidth(), 4 * QString(name).size()) << "markup is text like any other";
     }
 }
 
@@ -122,21 +122,19 @@ TEST(ToolTip, StaysInsideANarrowWindow) {
 
 TEST(TitleBar, TellsWhatTheMouseDoes) {
     Scene scene(
-        "WindowTitleBar { width: 400; title: '交底管理'; property var seen: []; onTitlebarPressed: seen.push('press ' "
-        "+ mouseX)\n"
-        "onTitlebarPositionChanged: seen.push('move ' + mouseX); onTitlebarDbClick: seen.push('double')\n"
-        "onClosing: seen.push('closing'); onClose: seen.push('close'); onToggleMaximized: seen.push('maximize') }");
-    QTest::mousePress(&scene.window(), Qt::LeftButton, {}, {30, 15});
-    QTest::mouseMove(&scene.window(), {50, 15});
-    QTest::mouseRelease(&scene.window(), Qt::LeftButton, {}, {50, 15});
-    EXPECT_EQ(scene.evaluate("seen.join()"), "press 30,move 50");
+        "WindowTitleBar { width: 400; title: '交底管理'; property var seen: []\n"
+        "onTitlebarPressed: seen.push('press ' + mouseX); onTitlebarPositionChanged: seen.push('move ' + mouseX)\n"
+        "onTitlebarDbClick: seen.push('double'); onToggleMaximized: seen.push('maximize')\n"
+        "onClosing: seen.push('closing'); onClose: seen.push('close') }");
+    scene.drag({30, 15}, {38, 15});
+    EXPECT_EQ(scene.evaluate("seen.join()"),
+              "press 30,move 31,move 32,move 33,move 34,move 35,move 36,move 37,move 38");
     scene.evaluate("seen = []");
-    QTest::mouseDClick(&scene.window(), Qt::LeftButton, {}, {30, 15});
-    EXPECT_TRUE(scene.evaluate("seen.join()").toString().contains("double"));
-    scene.evaluate("seen = []");
-    QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, {350, 15});
-    QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, {390, 15});
+    for (const int x : {350, 390})
+        QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, {x, 15});
     EXPECT_EQ(scene.evaluate("seen.join()"), "maximize,closing,close");
+    QTest::mouseDClick(&scene.window(), Qt::LeftButton, {}, {30, 15});
+    EXPECT_EQ(scene.evaluate("seen.indexOf('double') > 0"), true);
 }
 
 }  // namespace

@@ -64,9 +64,11 @@ UxTextField {
         told = text
     }
 
-    // Says why once more. A message opens only when the click that ended the typing has been handled.
+    // Says why once more. A message opens only when the click that ended the typing has been handled, and not in the
+    // middle of a wait for the service, which lets posted calls through and holds back timers.
     function tell() {
-        Qt.callLater(refused, wrong)
+        teller.why = wrong
+        teller.restart()
     }
 
     implicitWidth: 130
@@ -92,6 +94,14 @@ UxTextField {
         show(accepted)
     }
 
+    Timer {
+        id: teller
+
+        property string why
+
+        interval: 1
+        onTriggered: control.refused(why)
+    }
     UxIconButton {
         objectName: "openCalendar"
         anchors.right: parent.right
