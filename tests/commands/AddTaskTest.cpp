@@ -237,13 +237,14 @@ TEST_F(Editor, IdsStayFromOneClickToTheNext) {
     ASSERT_EQ(service.saves.size(), 2u);
     const TaskRecord first = service.saves[0];
     const TaskRecord second = service.saves[1];
-    EXPECT_EQ(first.id.size(), 36u);
-    EXPECT_EQ(second.id, first.id);
-    EXPECT_EQ(first.disclosureTaskReceiveUserList[0].id, L"r1");
-    EXPECT_EQ(first.disclosureTaskReceiveUserList[1].id.size(), 36u);
-    EXPECT_EQ(second.disclosureTaskReceiveUserList[1].id, first.disclosureTaskReceiveUserList[1].id);
-    EXPECT_EQ(first.disclosureTaskNodeList[1].id.size(), 36u);
-    EXPECT_EQ(second.disclosureTaskNodeList[1].id, first.disclosureTaskNodeList[1].id);
+    const auto ids = [](const TaskRecord& saved) {
+        return std::vector{saved.id, saved.disclosureTaskReceiveUserList[0].id,
+                           saved.disclosureTaskReceiveUserList[1].id, saved.disclosureTaskNodeList[1].id};
+    };
+    EXPECT_EQ(ids(first), ids(second));
+    EXPECT_EQ(ids(first)[1], L"r1");
+    for (const int made : {0, 2, 3})
+        EXPECT_EQ(ids(first)[made].size(), 36u) << made;
     EXPECT_EQ(second.disclosureTaskDocList.size(), 2u);
     EXPECT_TRUE(service.updates.empty());
     CAddTaskViewModel other(task);
@@ -343,16 +344,18 @@ TEST_F(Editor, AConflictIsSettledFieldByField) {
         ModalWindow::run(save, [](ModalWindow& conflict) {
             QStringList rows;
             for (const QVariant& row : conflict.context("conflictModel")->property("fields").toList()) {
-                const QVariantMap map = row.toMap();
-                rows << map["title"].toString() + "|" + map["began"].toString() + "|" + map["own"].toString() + "|" +
-                            map["present"].toString() + (map["isBoth"].toBool() ? "|both" : "") +
-                            (map["isOwn"].toBool() ? "|own" : "");
+                QStringList parts;
+                for (const char* part : {"title", "began", "own", "present", "isBoth", "isOwn"})
+                    parts << row.toMap()[part].toString();
+                rows << parts.join('|');
             }
-            EXPECT_EQ(rows, QStringList({"任务名称|柱钢筋绑扎|我的柱钢筋绑扎|他人改名|both|own",
-                                         "接受交底人|李娜、离职者|李娜、离职者|李娜", "施工开始日期||2024-03-02||own",
-                                         "计划交底日期|||2024-02-29",
-                                         "关联BIM|三层视口、梁柱节点、node|三层视口、node|三层视口、梁柱节点、node|own",
-                                         "关联资料|方案.pdf|方案.pdf|方案.pdf、补充.pdf", "备注|三层|三层|他人备注"}));
+            EXPECT_EQ(rows, QStringList(
+                                {"任务名称|柱钢筋绑扎|我的柱钢筋绑扎|他人改名|true|true",
+                                 "接受交底人|李娜、离职者|李娜、离职者|李娜|false|false",
+                                 "施工开始日期||2024-03-02||false|true", "计划交底日期|||2024-02-29|false|false",
+                                 "关联BIM|三层视口、梁柱节点、node|三层视口、node|三层视口、梁柱节点、node|false|true",
+                                 "关联资料|方案.pdf|方案.pdf|方案.pdf、补充.pdf|false|false",
+                                 "备注|三层|三层|他人备注|false|false"}));
             conflict.click("他人改名");
             conflict.focus(conflict.text("2024-02-29")->parentItem()->nextItemInFocusChain(false))
                 .key(Qt::Key_Space)
@@ -471,10 +474,10 @@ TEST_F(Editor, ShowsAndChangesATaskOfTheList) {
     ASSERT_EQ(service.updates.size(), 1u);
     const TaskRecord& sent = service.updates[0];
     EXPECT_EQ(sent.disclosureTaskNodeList.size(), 1u);
-    EXPECT_EQ(sent.constructionStartDateMills, mills(QDate(2024, 3, 2)));
-    EXPECT_EQ(sent.constructionEndDateMills, mills(QDate(2024, 3, 5)));
-    EXPECT_EQ(sent.planDisclosureDateMills, mills(QDate(2024, 3, 6)));
-    EXPECT_EQ(sent.expiryDateMills, mills(QDate(2124, 3, 7)));
+    EXPECT_EQ((std::vector{sent.constructionStartDateMills, sent.constructionEndDateMills, sent.planDisclosureDateMills,
+                           sent.expiryDateMills}),
+              (std::vector{mills(QDate(2024, 3, 2)), mills(QDate(2024, 3, 5)), mills(QDate(2024, 3, 6)),
+                           mills(QDate(2124, 3, 7))}));
     const auto& receivers = sent.disclosureTaskReceiveUserList;
     ASSERT_EQ(receivers.size(), 3u);
     EXPECT_EQ(receivers[0].id + receivers[1].id, L"r2r1") << "who was taken out and chosen again is the same";

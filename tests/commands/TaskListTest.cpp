@@ -33,6 +33,11 @@ protected:
         settle();
         return service.queries.size();
     }
+    /// "page of pages: rows from first row's name", as the list shows them.
+    std::string page() const {
+        return std::to_string(list.currentPage()) + " of " + std::to_string(list.totalPage()) + ": " +
+               std::to_string(rowCount()) + (rowCount() ? " from " + shown(0, "name").toStdString() : "");
+    }
     int rowCount() const { return list.taskModel()->task_list()->size(); }
     TaskModel* row(int index) const { return list.taskModel()->task_list()->at(index); }
     QString shown(int index, const char* property) const { return row(index)->property(property).toString(); }
@@ -49,7 +54,7 @@ TEST_F(TaskList, ShowsThePageOfTheCatalog) {
     EXPECT_EQ(describe(lastQuery()), "-1 -1 -/-  p1x15");
     EXPECT_EQ(lastQuery().startDateMills, -1);
     EXPECT_EQ(lastQuery().endDateMills, -1);
-    EXPECT_EQ(rowCount(), 15);
+    EXPECT_EQ(page(), "1 of 3: 15 from 任务0");
     EXPECT_EQ(shown(14, "name"), "任务14");
     EXPECT_EQ(host.people.reads, 1) << "once a refresh, not once a row";
     EXPECT_EQ(shown(0, "catalog_path"), "") << "it lies in the listed catalog";
@@ -60,24 +65,22 @@ TEST_F(TaskList, ShowsThePageOfTheCatalog) {
 }
 
 TEST_F(TaskList, PagesStayWithinTheirNumber) {
-    EXPECT_EQ(list.totalPage(), 3);
     list.prevPage();
-    EXPECT_EQ(list.currentPage(), 1);
+    settle();
+    EXPECT_EQ(page(), "1 of 3: 15 from 任务0");
     list.lastPage();
     list.nextPage();
     settle();
-    EXPECT_EQ(shown(0, "name"), "任务30");
+    EXPECT_EQ(page(), "3 of 3: 1 from 任务30");
     EXPECT_EQ(queriesOf([&] { list.setItemsPerPage(30); }), 1u) << "page and size cost one query";
-    EXPECT_EQ(lastQuery().currentPage, 2);
-    EXPECT_EQ(list.totalPage(), 2);
+    EXPECT_EQ(page(), "2 of 2: 1 from 任务30");
 
     service.fillTasks(16);  // the page is gone
     int rowsAtCount = -1;
     QObject::connect(&list, &TaskManagerViewModel::totalCountChanged, [&] { rowsAtCount = rowCount(); });
     reread();
     settle();
-    EXPECT_EQ(list.currentPage(), 1);
-    EXPECT_EQ(rowCount(), 16);
+    EXPECT_EQ(page(), "1 of 1: 16 from 任务0");
     service.fillTasks(3);
     reread();
     EXPECT_EQ(rowsAtCount, 3) << "rows come before their count";
@@ -101,22 +104,21 @@ TEST_F(TaskList, AFailureLeavesThePageAndIsTriedAgain) {
     settle();
     EXPECT_EQ(list.taskModel(), before);
     EXPECT_EQ(list.itemsPerPage(), 15);
-    EXPECT_EQ(list.currentPage(), 1);
+    EXPECT_EQ(page(), "1 of 3: 15 from 任务0");
     EXPECT_EQ(list.shownCount(), 31);
     EXPECT_TRUE(list.reading()->isFailed() && !list.reading()->covers());
     list.nextPage();
     settle();
     service.refused.clear();
     EXPECT_EQ(queriesOf([&] { list.nextPage(); }), 1u) << "a failed query is forgotten";
-    EXPECT_EQ(shown(0, "name"), "任务15");
+    EXPECT_EQ(page(), "2 of 3: 15 from 任务15");
     EXPECT_TRUE(list.reading()->text().isEmpty());
 
     service.refused = L"page";
     list.setSearchTaskStatus(2);
     list.setCurrentPage(1);
     settle();
-    EXPECT_EQ(list.currentPage(), 1) << "the other status begins at its first page when it is tried again";
-    EXPECT_EQ(shown(0, "name"), "任务15");
+    EXPECT_EQ(page(), "1 of 3: 15 from 任务15") << "the other status begins at its first page when it is tried again";
     service.unsaid = L"服务没有按时应答";
     list.setCatalogId("frame");
     EXPECT_EQ(list.shownCount(), -1) << "not 0: nobody knows";
@@ -316,7 +318,7 @@ TEST_F(TaskList, DeletesAfterAQuestion) {
     EXPECT_EQ(counts, (QStringList{"base -2", "frame -1"}));
     settle();
     EXPECT_EQ(list.totalCount(), 28);
-    EXPECT_EQ(shown(0, "name"), "任务3");
+    EXPECT_EQ(page(), "1 of 2: 15 from 任务3");
 
     service.refused = L"remove";
     list.OnDelTasks({0});
@@ -415,11 +417,12 @@ TEST_F(TaskList, DatesOfACellAreSavedOrPutBack) {
     settle();
 
     service.updates.clear();
-    for (const char* wrong : {"2024-02-30", "29.2.2024", "1969-01-01"})
-        EXPECT_FALSE(list.onEditDate(wrong, "施工结束日期", row(1))) << wrong;
-    EXPECT_FALSE(list.onEditDate("2024-03-01", "更新时间", row(1)));
-    EXPECT_FALSE(list.onEditDate("2024-03-01", "施工结束日期", nullptr));
-    EXPECT_FALSE(list.onEditDate("2024-03-02", "施工开始日期", row(1)));
+    const std::tuple<const char*, const char*, TaskModel*> refused[] = {
+        {"2024-02-30", "施工结束日期", row(1)},  {"29.2.2024", "施工结束日期", row(1)},
+        {"1969-01-01", "施工结束日期", row(1)},  {"2024-03-01", "更新时间", row(1)},
+        {"2024-03-01", "施工结束日期", nullptr}, {"2024-03-02", "施工开始日期", row(1)}};
+    for (const auto& [date, column, task] : refused)
+        EXPECT_FALSE(list.onEditDate(date, column, task)) << date;
     EXPECT_EQ(host.told(), "施工开始日期不得大于施工结束日期");
     EXPECT_TRUE(service.updates.empty());
     service.refused = L"update";

@@ -121,7 +121,7 @@ TEST_F(TaskTable, ColumnsAreKeptForEachUserAndPublishedTasksAreToldApart) {
     QStringList order;
     run([&](ModalWindow& window) {
         for (const auto& [name, released] : {std::pair("任务0", false), {"任务1", true}})
-            EXPECT_TRUE(support::findItem(window.text(name)->parentItem(), support::has("released", released))) << name;
+            EXPECT_TRUE(support::findItem(window.text(name), support::has("released", released))) << name;
         order = titles(window);
         EXPECT_EQ(order, (QStringList{"序号", "任务名称", "关联BIM", "关联资料", "施工开始日期", "施工结束日期",
                                       "计划交底日期", "交底人", "实际交底日期", "预览", "状态", "操作", "更新时间",

@@ -129,7 +129,7 @@ TEST(Calendar, ACellAsksAndShowsItsOwnersDateWholeEvenWhereItIsNotEditable) {
         scene.hover(scene.root());
         EXPECT_TRUE(QTest::qWaitFor([&] { return scene.texts().count("2026-02-10") == 2; })) << editable;
         scene.click(scene.root()).focus(scene.root()).key(Qt::Key_Return);
-        ASSERT_EQ(shows(scene, "day2026-02-28"), editable);
+        ASSERT_EQ(editable ? shows(scene, "day2026-02-28") : scene.item("day2026-02-28") != nullptr, editable);
         if (editable)
             scene.click(scene.item("day2026-02-28"));
         EXPECT_EQ(scene.evaluate("asked"), editable ? "2026-02-28" : "");
