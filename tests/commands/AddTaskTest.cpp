@@ -5,8 +5,7 @@
 #include "commands/DisclosureManage/ui/task/AddTaskWnd.h"
 #include "commands/DisclosureManage/ui/task/EditNameWnd.h"
 #include "commands/DisclosureManage/ui/task/TaskRules.h"
-#include "sdk/packages/IProjectDataMgr.h"
-#include "sdk/packages/documents/IKpxDocOperMgr.h"
+#include "tests/commands/FakeEditor.h"
 #include "tests/commands/TaskWindow.h"
 
 using DISCLOSUREPACKAGE::TaskRecord;
@@ -17,48 +16,6 @@ const QDate kToday(2024, 2, 29);
 
 int64_t mills(QDate date, QTime time = QTime(0, 0)) {
     return QDateTime(date, time).toMSecsSinceEpoch();
-}
-
-/// One project.
-class FakeProjects : public PROJECTPACKAGE::IProjectDataMgr, public BASECORE::FRAME::CMgrObject {
-public:
-    FakeProjects() : CMgrObject(BASECORE::NAMES::kProjectData) {}
-    bool GetProjects(std::vector<PROJECTPACKAGE::ProjectRecord>& projects) override {
-        projects = {{7, L"p7", L"一号楼", L"dept", 0, 0, 3}};
-        return true;
-    }
-    bool GetProjectName(std::wstring&, int32_t) override { return false; }
-};
-
-class FakeDocOpener : public DOCUMENTPACKAGE::IKpxDocOperMgr, public BASECORE::FRAME::CMgrObject {
-public:
-    FakeDocOpener() : CMgrObject(BASECORE::NAMES::kDocumentOperations) {}
-    bool OpenDocument(const std::wstring& uuid, const std::wstring& name, const std::wstring& extension) override {
-        opened += uuid + L" " + name + L" " + extension;
-        return true;
-    }
-
-    std::wstring opened;
-};
-
-/// A task that keeps every rule, with its links: a viewport and a node of project 7, and a node of an unknown project.
-TaskRecord wholeTask(const wchar_t* id = L"t0") {
-    TaskRecord task;
-    task.id = id;
-    task.name = L"柱钢筋绑扎";
-    task.disclosureCatalogId = L"base";
-    task.disclosureUserName = L"zhangwei";
-    task.disclosureUserRealname = L"张伟";
-    task.status = 1;
-    task.expiryDateMills = QDateTime::currentDateTime().addDays(3).toMSecsSinceEpoch();
-    task.remark = L"三层";
-    task.disclosureTaskReceiveUserList = {{L"r1", L"t0", L"lina", L"李娜", L"head", 1, 5},
-                                          {L"r2", L"t0", L"gone", L"离职者", L"", 0, 0}};
-    task.disclosureTaskViewportList = {{L"v1", L"t0", 7, L"view", L"三层视口", L""}};
-    task.disclosureTaskNodeList = {{L"n1", L"t0", 7, L"node", L"梁柱节点", L"", L""},
-                                   {L"n2", L"t0", 8, L"node", L"", L"", L""}};
-    task.disclosureTaskDocList = {{L"d1", L"t0", 0, L"方案.pdf", L"uuid", L"md5", 9, L"pdf", 1, L""}};
-    return task;
 }
 
 class Editor : public testing::Test {
@@ -216,7 +173,7 @@ TEST_F(Editor, DocumentsAreUploadedOpenedAndRemoved) {
     EXPECT_EQ(service.uploads, 9) << "the eleventh is not uploaded for nothing";
     model.onClickViewDocItem(0);
     model.onClickViewDocItem(11);
-    EXPECT_EQ(opener.opened, L"uuid 方案.pdf pdf");
+    EXPECT_EQ(opener.opened, L"uuid md5 方案.pdf ");
     model.onClickDelDocItem(0);
     model.onClickDelDocItem(-1);
     EXPECT_EQ(model.connectdoclist().size(), 9);

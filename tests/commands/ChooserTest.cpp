@@ -61,7 +61,8 @@ TEST_F(Chooser, SaysThatItCouldNotReadAndReadsAgain) {
                   EXPECT_TRUE(window.text("未能读取：服务无法连接"));
                   host.manager.refused.clear();
                   host.service.become({});
-                  window.settle().click("基础(4)").click("确定");
+                  window.settle();
+                  window.click("基础(4)").click("确定");
               }),
               "base");
 }

@@ -61,9 +61,9 @@ protected:
     }
     /// Lets a refresh that is due run and its rows appear.
     void settle() {
-        ModalWindow::settleAll();
+        ModalWindow::settle();
         awaitRefresh(*list);
-        ModalWindow::settleAll();
+        ModalWindow::settle();
     }
     TaskModel* task(int row) const { return list->taskModel()->task_list()->at(row); }
     /// The catalog that is selected.

@@ -77,7 +77,7 @@ void ModalWindow::expectNone(const std::function<void()>& open) {
     });
     open();
     EXPECT_EQ(QGuiApplication::allWindows().size(), windows);
-    settleAll();
+    settle();
 }
 
 QObject* ModalWindow::context(const char* name) const {

@@ -67,7 +67,7 @@ public:
             qCritical("there is nothing to be clicked");
         else
             QTest::mouseClick(m_window, button, {}, centreOf(item));
-        return settle();
+        return settled();
     }
     QuickPilot& click(const QString& shown, Qt::MouseButton button = Qt::LeftButton) {
         return click(text(shown), button);
@@ -76,7 +76,7 @@ public:
     QuickPilot& doubleClick(const QQuickItem* item) {
         hover(item);  // a tool tip goes
         QTest::mouseDClick(m_window, Qt::LeftButton, {}, centreOf(item));
-        return settle();
+        return settled();
     }
     /// In small steps, as a hand does.
     QuickPilot& drag(QPoint from, QPoint to) {
@@ -91,16 +91,16 @@ public:
     QuickPilot& hover(const QQuickItem* item) {
         QTest::mouseMove(m_window, centreOf(item) - QPoint(1, 0));
         QTest::mouseMove(m_window, centreOf(item));
-        return settle();
+        return settled();
     }
     QuickPilot& key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(m_window, key, modifiers);
-        return settle();
+        return settled();
     }
     QuickPilot& type(const QString& text) {
         for (const QChar letter : text)
             QTest::sendKeyEvent(QTest::Click, m_window, Qt::Key_unknown, QString(letter), Qt::NoModifier);
-        return settle();
+        return settled();
     }
     /// Text as an input method gives it: first a preedit, then the commit.
     QuickPilot& compose(const QString& preedit, const QString& committed) {
@@ -109,7 +109,7 @@ public:
         QInputMethodEvent event;
         event.setCommitString(committed);
         QCoreApplication::sendEvent(m_window->focusObject(), &event);
-        return settle();
+        return settled();
     }
     /// Replaces what the focused field holds.
     QuickPilot& retype(const QString& text) { return key(Qt::Key_A, Qt::ControlModifier).compose("p", text); }
@@ -119,16 +119,12 @@ public:
             item->forceActiveFocus();
         else
             qCritical("there is nothing to take the keyboard");
-        return settle();
+        return settled();
     }
 
     /// Lets everything pending happen. Views lay out and make their rows for a picture, however long that takes to
     /// come.
-    QuickPilot& settle() {
-        settleAll();
-        return *this;
-    }
-    static void settleAll() {
+    static void settle() {
         QTest::qWait(20);
         QList<QPointer<QQuickWindow>> views;  // any of them may go meanwhile
         for (QWindow* window : QGuiApplication::allWindows())
@@ -147,6 +143,11 @@ public:
     }
 
 private:
+    QuickPilot& settled() {
+        settle();
+        return *this;
+    }
+
     QQuickWindow* m_window;
 };
 

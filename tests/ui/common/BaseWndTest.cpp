@@ -91,7 +91,7 @@ TEST(BaseWnd, TitleBarDragsMaximisesAndLinks) {
         for (const char* signal : {"toggleMaximized", "titlebarDbClick"}) {
             const bool was = window.dialog()->isMaximized();
             tell(window, signal);
-            ModalWindow::settleAll();
+            ModalWindow::settle();
             EXPECT_NE(window.dialog()->isMaximized(), was) << signal;
             // The hand that made a double click still moves: neither a maximised dialog nor a restored one follows.
             const QPoint place = window.dialog()->pos();
@@ -99,7 +99,7 @@ TEST(BaseWnd, TitleBarDragsMaximisesAndLinks) {
                 tell(window, "titlebarPressed");
             QCursor::setPos(QCursor::pos() + QPoint(20, 20));
             tell(window, "titlebarPositionChanged");
-            ModalWindow::settleAll();
+            ModalWindow::settle();
             EXPECT_EQ(window.dialog()->pos(), place) << signal;
         }
         tell(window, "connectBimClick");
@@ -123,7 +123,7 @@ TEST(BaseWnd, BelongsToItsOpenerAndIsMarkedWhenThatIsClicked) {
                 const int before = marks();
                 QCursor::setPos(place);
                 handle->requestActivate();
-                ModalWindow::settleAll();
+                ModalWindow::settle();
                 EXPECT_TRUE(QTest::qWaitFor([&] { return QGuiApplication::focusWindow() == window.view(); }));
                 EXPECT_EQ(marks() - before, isBeside);
             }
@@ -164,7 +164,7 @@ TEST(BaseWnd, IsResizedAtItsEdgesDownToItsMinimum) {
             EXPECT_EQ(window.dialog()->geometry(), expected) << from.x() << " " << from.y();
         }
         window.dialog()->showMaximized();
-        ModalWindow::settleAll();
+        ModalWindow::settle();
         QTest::mouseMove(window.view(), {1, 200});
         EXPECT_EQ(window.view()->cursor().shape(), Qt::ArrowCursor) << "a maximised one stays";
     });

@@ -204,7 +204,7 @@ void CAddTaskViewModel::onClickViewDocItem(int nIndex) {
     if (!opener || nIndex < 0 || nIndex >= static_cast<int>(m_task.disclosureTaskDocList.size()))
         return;
     const TaskDocRecord& doc = m_task.disclosureTaskDocList[static_cast<std::size_t>(nIndex)];
-    opener->OpenDocument(doc.uuid, doc.name, doc.extension);
+    opener->OpenDocument(doc.uuid, doc.md5, doc.name, {});
 }
 
 void CAddTaskViewModel::onClickDelDocItem(int nIndex) {
