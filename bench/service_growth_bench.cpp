@@ -80,15 +80,16 @@ void benchOwn(const std::filesystem::path& folder) {
         auto subject = std::make_unique<Subject>(fresh(folder / name));
         changing(*subject->store, [&] {
             addDepartment(*subject->store, Dept, "");
-            std::int64_t number = 0;
-            subject->store->addTasks(Dept, [&](Task& task) {
-                task = taskOf(Dept, number);
+            std::vector<Task> all;
+            for (std::int64_t number = 0; number < tasks; ++number) {
+                Task& task = all.emplace_back(taskOf(Dept, number));
                 task.published = true;
                 // Half of them to disclose, half to receive.
                 task.discloser = number % 2 ? "person" : "other";
                 task.receivers = {{"r", number % 2 ? "other" : "person", 0}};
-                return ++number <= tasks;
-            });
+            }
+            subject->store->addTasks(all);
+            subject->store->countTasks(Dept);
         });
         return subject;
     };

@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <random>
+#include <span>
 #include <stdexcept>
+#include <thread>
 #include <vector>
 
 #include "service/domain/Catalogs.h"
@@ -19,6 +22,10 @@ constexpr int People = 200;
 constexpr int Receivers = 3;
 constexpr std::int32_t ProjectNumber = 9001;
 constexpr std::int64_t Models = 200;  // so many tasks are set as an example, however many there are
+constexpr std::size_t CatalogsAtOnce = 200;
+constexpr std::chrono::milliseconds Piece{500};   // of work, as far as can be foreseen
+constexpr std::chrono::milliseconds Breath{150};  // longer than any writer sleeps before it looks again
+constexpr auto Unfinished = "压力测试项目部（未完成）";
 constexpr int Buildings = 10;
 constexpr int Trades = 100;
 
@@ -45,33 +52,17 @@ private:
 
 class Maker {
 public:
-    explicit Maker(const LoadSettings& settings) : m_settings(settings), m_dice(settings.seed) {}
-
-    void addPeople(IStore& store, const std::string& passwordHash) {
-        const std::string& dept = m_settings.deptId;
-        store.putPerson({dept, "负责人", "", dept, passwordHash});
-        store.putMember(dept, dept);
-        store.putRights(dept, dept, {Right::EditCatalogs, Right::EditTasks, Right::DeleteTasks});
-        for (int i = 0; i < People; ++i) {
-            m_people.push_back(dept + "-" + std::to_string(i));
-            store.putPerson({m_people.back(), m_dice.of(Surnames) + m_dice.of(GivenNames), "", dept, passwordHash});
-            store.putMember(dept, m_people.back());
-        }
+    explicit Maker(const LoadSettings& settings) : m_settings(settings), m_dice(settings.seed) {
+        for (int i = 0; i < People; ++i)
+            m_people.push_back({settings.deptId + "-" + std::to_string(i), m_dice.of(Surnames) + m_dice.of(GivenNames),
+                                "", settings.deptId, ""});
+        for (int i = 0; i < settings.catalogs; ++i)
+            m_catalogs.push_back(catalog(i));
     }
 
+    const std::vector<Person>& people() const { return m_people; }
     /// A top, the buildings, the trades in them, and the rest below the trades.
-    void addCatalogs(IStore& store) {
-        Catalogs catalogs(store);
-        for (int i = 0; i < m_settings.catalogs; ++i) {
-            const bool building = i <= Buildings;
-            const bool trade = !building && i <= Buildings + Trades;
-            const int parent = building ? 0 : trade ? 1 + (i - 1) % Buildings : Buildings + 1 + (i - 1) % Trades;
-            const std::string name = i == 0     ? "全部"
-                                     : building ? std::to_string(i) + "号楼"
-                                                : m_dice.of(Works) + std::to_string(i) + (trade ? "分部" : "检验批");
-            catalogs.save(m_settings.deptId, catalogId(i), name, i == 0 ? "" : catalogId(parent));
-        }
-    }
+    const std::vector<Catalog>& catalogs() const { return m_catalogs; }
 
     bool next(Task& task) {
         if (m_number == m_settings.tasks)
@@ -100,6 +91,15 @@ public:
     }
 
 private:
+    Catalog catalog(int number) {
+        const bool building = number <= Buildings;
+        const bool trade = !building && number <= Buildings + Trades;
+        const int parent = building ? 0 : trade ? 1 + (number - 1) % Buildings : Buildings + 1 + (number - 1) % Trades;
+        const std::string name = number == 0 ? "全部"
+                                 : building  ? std::to_string(number) + "号楼"
+                                            : m_dice.of(Works) + std::to_string(number) + (trade ? "分部" : "检验批");
+        return {m_settings.deptId, catalogId(number), name, number == 0 ? "" : catalogId(parent)};
+    }
     std::string catalogId(int number) const { return m_settings.deptId + "-c" + std::to_string(number); }
     static std::int64_t day(int number) { return FirstDay + number * Day; }
     /// The catalogs from this one on have nothing below them.
@@ -108,7 +108,7 @@ private:
             return Buildings + Trades + 1;
         return std::min(m_settings.catalogs - 1, Buildings + 1);
     }
-    std::string person(int offset) { return m_people[static_cast<std::size_t>((m_first + offset) % People)]; }
+    std::string person(int offset) { return m_people[static_cast<std::size_t>((m_first + offset) % People)].username; }
 
     void addLists(Task& task, std::int64_t number) {
         m_first = m_dice.below(People);
@@ -141,24 +141,66 @@ private:
 
     LoadSettings m_settings;
     Dice m_dice;
-    std::vector<std::string> m_people;
+    std::vector<Person> m_people;
+    std::vector<Catalog> m_catalogs;
     std::int64_t m_number = 0;
     int m_first = 0;
 };
+
+/// A short transaction, after which others may write. Returns how long it took.
+template <class Work>
+std::chrono::steady_clock::duration addPiece(IStore& store, Work&& work) {
+    const auto begun = std::chrono::steady_clock::now();
+    changing(store, work);
+    const auto took = std::chrono::steady_clock::now() - begun;
+    std::this_thread::sleep_for(std::max<std::chrono::steady_clock::duration>(took / 4, Breath));
+    return took;
+}
 
 }  // namespace
 
 void seedLoad(IStore& store, const Passwords& passwords, const LoadSettings& settings) {
     const std::string hash = passwords.hash(settings.deptId);
+    const std::string& dept = settings.deptId;
+    Maker maker(settings);
+    const bool isBegun = changing(store, [&] {
+        const auto known = store.department(dept);
+        if (store.person(dept) || (known && known->name != Unfinished))
+            throw std::invalid_argument("there is a department " + dept + " already");
+        store.putDepartment({dept, Unfinished, ""});
+        for (const Person& person : maker.people())
+            store.putPerson(person);
+        return known.has_value();
+    });
+    for (std::size_t i = 0; i < maker.catalogs().size(); i += CatalogsAtOnce)
+        addPiece(store, [&] {
+            Catalogs catalogs(store);
+            for (const Catalog& c :
+                 std::span(maker.catalogs()).subspan(i).first(std::min(CatalogsAtOnce, maker.catalogs().size() - i)))
+                catalogs.save(dept, c.id, c.name, c.parentId);
+        });
+    std::size_t atOnce = 500;
+    for (std::vector<Task> tasks(1); !tasks.empty();) {
+        tasks.clear();
+        for (Task task; tasks.size() < atOnce && maker.next(task);) {
+            if (!isBegun || !store.task(dept, task.id))
+                tasks.push_back(task);
+        }
+        const auto took = addPiece(store, [&] { store.addTasks(tasks); });
+        atOnce = took < Piece ? std::min<std::size_t>(2 * atOnce, 10'000) : std::max<std::size_t>(atOnce / 2, 100);
+    }
     changing(store, [&] {
-        Maker maker(settings);
-        if (store.department(settings.deptId) || store.person(settings.deptId))
-            throw std::invalid_argument("there is a department " + settings.deptId + " already");
-        store.putDepartment({settings.deptId, "压力测试项目部", ""});
-        store.putProject({ProjectNumber, "压力测试工程", settings.deptId});
-        maker.addPeople(store, hash);
-        maker.addCatalogs(store);
-        store.addTasks(settings.deptId, [&maker](Task& task) { return maker.next(task); });
+        store.countTasks(dept);
+        store.putDepartment({dept, "压力测试项目部", ""});
+        store.putProject({ProjectNumber, "压力测试工程", dept});
+        store.putPerson({dept, "负责人", "", dept, hash});
+        store.putMember(dept, dept);
+        store.putRights(dept, dept, {Right::EditCatalogs, Right::EditTasks, Right::DeleteTasks});
+        for (Person person : maker.people()) {
+            person.passwordHash = hash;
+            store.putPerson(person);
+            store.putMember(dept, person.username);
+        }
     });
 }
 

@@ -17,9 +17,10 @@ struct LoadSettings {
 };
 
 /// Adds a department of its own with a project, people, catalogs and very many tasks, for trying the service at size.
-/// The same settings make the same data. All of it or nothing is there afterwards. The person named as the department,
-/// with that for a password, may do everything in it. Throws std::invalid_argument when the department is there
-/// already.
+/// The same settings make the same data. It is added in short transactions, so that others can write meanwhile, and
+/// nobody belongs to the department before all of it is there: where this was ended in between, it goes on when called
+/// with the same settings. The person named as the department, with that for a password, may do everything in it.
+/// Throws std::invalid_argument when the department is there already.
 void seedLoad(IStore& store, const Passwords& passwords, const LoadSettings& settings);
 
 }  // namespace disclosure

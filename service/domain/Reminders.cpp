@@ -345,10 +345,11 @@ std::int64_t Reminders::run(IStore& store, const GoOn& goOn) const {
 void Reminders::tidy(IStore& store, const GoOn& goOn) const {
     const std::int64_t now = m_clock();
     const std::int64_t before = now - m_settings.keepDays * Day;
-    for (std::int64_t found = RemovedAtOnce; found == RemovedAtOnce && goOn();) {
-        found = changing(store, [&] {
-            return std::max(store.removeMessagesBefore(before, RemovedAtOnce),
-                            store.forgetReminders(before, now, RemovedAtOnce));
+    // Looked at first: who has nothing to do is in no other writer's way, nor minds one.
+    while (store.isAnyReminderBefore(before) && goOn()) {
+        changing(store, [&] {
+            store.removeMessagesBefore(before, RemovedAtOnce);
+            store.forgetReminders(before, now, RemovedAtOnce);
         });
     }
 }

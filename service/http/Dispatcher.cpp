@@ -13,6 +13,7 @@ namespace asio = boost::asio;
 Dispatcher::Dispatcher(const Service& service, IDatabase& database, const Settings& settings)
     : m_service(service),
       m_loginsOfOne(settings.loginsOfOne),
+      m_patience(settings.patience),
       m_uploads(settings.uploads),
       m_uploadsOfOne(settings.uploadsOfOne),
       m_downloads(settings.downloads),
@@ -40,8 +41,14 @@ void Dispatcher::dispatch(Request request, std::string client, Done done) {
         return;
     }
     auto place = placeFor(work, client);
+    const bool reads = &workersFor(work) == &m_readers;
+    const auto until = std::chrono::steady_clock::now() + m_patience;
     const bool taken = place && workersFor(work).submit([this, request = std::move(request), client = std::move(client),
-                                                         place = std::move(*place), done](IStore& store) {
+                                                         place = std::move(*place), done, reads, until](IStore& store) {
+        if (!reads && std::chrono::steady_clock::now() > until) {
+            done({answerBusy()});
+            return;
+        }
         done(withinShare(m_service.answer(request, client, &store), place, store));
         if (m_service.sessionUses().claim())
             m_writer.add([this](IStore& writing) { m_service.sessionUses().write(writing); });

@@ -32,6 +32,7 @@ public:
         std::size_t uploadsOfOne = 4;  // person, so that nobody takes all of them
         std::size_t downloads = 64;
         std::size_t downloadsOfOne = 16;
+        std::chrono::milliseconds patience{4000};  // a change that has waited longer for its turn is to come back
     };
 
     Dispatcher(const Service& service, IDatabase& database, const Settings& settings);
@@ -68,6 +69,7 @@ private:
 
     const Service& m_service;
     Shares m_loginsOfOne;
+    std::chrono::milliseconds m_patience;
     Places m_uploads;
     Shares m_uploadsOfOne;
     Places m_downloads;

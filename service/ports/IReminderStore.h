@@ -29,9 +29,11 @@ public:
     virtual std::set<std::string> remindedPeople(const std::string& deptId, const std::string& taskId,
                                                  ReminderKind kind, const std::string& due) = 0;
     virtual void addReminder(const Reminder& reminder) = 0;
+    /// Whether there are messages, or notes of reminders, from before then.
+    virtual bool isAnyReminderBefore(std::int64_t time) = 0;
     /// Looks at no more than `most` reminders made before `time` and forgets them, but keeps those that were made once
-    /// and whose task is still undisclosed, as if they were made `now`. Returns how many were looked at.
-    virtual std::int64_t forgetReminders(std::int64_t time, std::int64_t now, std::int64_t most) = 0;
+    /// and whose task is still undisclosed, as if they were made `now`.
+    virtual void forgetReminders(std::int64_t time, std::int64_t now, std::int64_t most) = 0;
 
     virtual void addMessage(const Message& message) = 0;
     /// The person's messages, the newest first.
@@ -40,8 +42,8 @@ public:
     /// Does nothing where the message is not the person's.
     virtual void markMessageRead(const std::string& username, std::int64_t rid) = 0;
     virtual void markMessagesRead(const std::string& username) = 0;
-    /// Returns how many there were, at most `most`.
-    virtual std::int64_t removeMessagesBefore(std::int64_t time, std::int64_t most) = 0;
+    /// At most `most`.
+    virtual void removeMessagesBefore(std::int64_t time, std::int64_t most) = 0;
 
     /// Does nothing where that mail waits already.
     virtual void addMail(const Mail& mail) = 0;

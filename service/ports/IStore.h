@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <memory>
+#include <stdexcept>
 #include <string>
 
 #include "service/ports/IAccountStore.h"
@@ -43,6 +44,12 @@ std::string logTextOf(const std::exception& error);
 
 /// Whether this is how the database says that its disk is full.
 bool isDatabaseFull(const std::exception& error);
+
+/// Another transaction was in the way for too long.
+class Conflict : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
 
 /// Whether this is how the database says that another transaction was in the way: repeated later, it may go through.
 bool isConflict(const std::exception& error);

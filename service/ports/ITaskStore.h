@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,10 +18,11 @@ public:
     virtual std::vector<TaskKey> tasksOfPerson(const std::string& username, const std::string& id) = 0;
 
     virtual void addTask(const Task& task) = 0;
-    /// Adds the department's tasks that `next` gives until it says no. For very many: it begins and ends with work on
-    /// all the tasks there are. Their lists and their progress are taken over, attachments and remarks on confirmations
-    /// not.
-    virtual void addTasks(const std::string& deptId, const std::function<bool(Task&)>& next) = 0;
+    /// Adds many at once, of which `countTasks` must follow. Their lists and their progress are taken over, attachments
+    /// and remarks on confirmations not.
+    virtual void addTasks(const std::vector<Task>& tasks) = 0;
+    /// Makes all the numbers of the department's tasks anew.
+    virtual void countTasks(const std::string& deptId) = 0;
     /// Makes the stored task and its lists equal to `task`, found by its number; it was `before`. Writes what differs.
     virtual void putTask(const Task& task, const Task& before) = 0;
     /// Removes tasks of one department, and notes `entry` for each.

@@ -200,6 +200,9 @@ inline constexpr auto MessagesOf =
                    ":limit OFFSET :offset";
 inline constexpr auto MessageCount = "SELECT COUNT(*) FROM message WHERE username = :username";
 inline constexpr auto UnreadCount = "SELECT COUNT(*) FROM message WHERE username = :username AND is_read = 0";
+inline constexpr auto OldestReminders =
+    "SELECT EXISTS (SELECT 1 FROM message m INDEXED BY message_created WHERE m.created_at < :before) + "
+    "EXISTS (SELECT 1 FROM reminder r WHERE r.made_at < :before)";
 inline constexpr auto RemoveOldMessages =
     "DELETE FROM message WHERE rid IN (SELECT m.rid FROM message m INDEXED BY message_created WHERE m.created_at < "
     ":before ORDER BY m.created_at LIMIT :most)";
@@ -290,6 +293,7 @@ inline constexpr const char* Keyed[] = {
     ChangedTasks,
     RemindedPeople,
     OldReminders,
+    OldestReminders,
     MessagesOf,
     MessageCount,
     UnreadCount,

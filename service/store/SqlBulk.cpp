@@ -8,41 +8,43 @@ using soci::use;
 namespace {
 
 struct Dropped {
-    std::string type;
     std::string name;
     std::string text;
 };
 
-/// What the tables of the tasks keep up to date with every row, and can as well make at once at the end.
-std::vector<Dropped> dropUpkeep(soci::session& sql) {
+/// What keeps up to date with every row what can as well be made at once at the end.
+std::vector<Dropped> dropTriggers(soci::session& sql) {
     std::vector<Dropped> all;
     {
         Dropped one;
         soci::statement rows =
-            (sql.prepare << "SELECT type, name, sql FROM sqlite_master WHERE type IN ('index', 'trigger') AND tbl_name "
-                            "IN ('task', 'task_receiver', 'task_doc') AND sql IS NOT NULL",
-             into(one.type), into(one.name), into(one.text));
+            (sql.prepare << "SELECT name, sql FROM sqlite_master WHERE type = 'trigger' AND tbl_name IN "
+                            "('task', 'task_receiver', 'task_doc')",
+             into(one.name), into(one.text));
         rows.execute();
         while (rows.fetch())
             all.push_back(one);
     }
     for (const Dropped& one : all)
-        sql << "DROP " + one.type + " " + one.name;
+        sql << "DROP TRIGGER " + one.name;
     return all;
 }
 
 }  // namespace
 
-void SqlStore::addTasks(const std::string& deptId, const std::function<bool(Task&)>& next) {
-    const auto dropped = dropUpkeep(*m_sql);
+void SqlStore::addTasks(const std::vector<Task>& tasks) {
+    const auto dropped = dropTriggers(*m_sql);
     const std::int64_t before = readNumber("SELECT COALESCE(MAX(rid), 0) FROM task");
-    for (Task task; next(task);)
+    for (const Task& task : tasks)
         addTask(task);
     for (const Dropped& one : dropped)
         *m_sql << one.text;
     *m_sql << "INSERT INTO task_gram (rowid, grams) SELECT rid, name_grams(dept_id, search_name) FROM task "
               "WHERE rid > :before",
         use(before, "before");
+}
+
+void SqlStore::countTasks(const std::string& deptId) {
     *m_sql << "UPDATE catalog SET task_number = (SELECT COUNT(*) FROM task t WHERE t.dept_id = catalog.dept_id "
               "AND t.catalog_id = catalog.catalog_id) WHERE dept_id = :dept",
         use(deptId, "dept");

@@ -69,7 +69,11 @@ void SqlStore::addReminder(const Reminder& r) {
         use(r.username, "username"), use(r.madeAt, "made"));
 }
 
-std::int64_t SqlStore::forgetReminders(std::int64_t time, std::int64_t now, std::int64_t most) {
+bool SqlStore::isAnyReminderBefore(std::int64_t time) {
+    return readNumber(queries::OldestReminders, use(time, "before")) > 0;
+}
+
+void SqlStore::forgetReminders(std::int64_t time, std::int64_t now, std::int64_t most) {
     std::vector<std::pair<Reminder, bool>> old;
     Reminder r;
     int kind = 0;
@@ -93,7 +97,6 @@ std::int64_t SqlStore::forgetReminders(std::int64_t time, std::int64_t now, std:
         else
             change(queries::DropReminder);
     }
-    return std::ssize(old);
 }
 
 void SqlStore::addMessage(const Message& m) {
@@ -138,8 +141,8 @@ void SqlStore::markMessagesRead(const std::string& username) {
                      use(username, "username"));
 }
 
-std::int64_t SqlStore::removeMessagesBefore(std::int64_t time, std::int64_t most) {
-    return m_statements.run(queries::RemoveOldMessages, use(time, "before"), use(most, "most"));
+void SqlStore::removeMessagesBefore(std::int64_t time, std::int64_t most) {
+    m_statements.run(queries::RemoveOldMessages, use(time, "before"), use(most, "most"));
 }
 
 void SqlStore::addMail(const Mail& m) {

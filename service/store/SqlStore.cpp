@@ -1,12 +1,13 @@
 #include "service/store/SqlStore.h"
 
+#include <chrono>
 #include <spdlog/spdlog.h>
 
 #include "service/store/Migrations.h"
 
 namespace disclosure {
 
-SqlStore::SqlStore(std::unique_ptr<soci::session> sql, std::string beginWrite, std::mutex& writers,
+SqlStore::SqlStore(std::unique_ptr<soci::session> sql, std::string beginWrite, std::timed_mutex& writers,
                    std::function<void()> afterCommit)
     : m_sql(std::move(sql)),
       m_statements(*m_sql),
@@ -21,7 +22,9 @@ void SqlStore::begin(Access access) {
         m_statements.run("BEGIN");
         return;
     }
-    m_writing.lock();
+    // As long as the database itself lets a writer wait for one of another process.
+    if (!m_writing.try_lock_for(std::chrono::seconds(1)))
+        throw Conflict("another change takes long");
     try {
         m_statements.run(m_beginWrite);
     } catch (...) {

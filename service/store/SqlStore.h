@@ -18,7 +18,7 @@ public:
     /// `beginWrite` is the statement that begins a writing transaction. `writers` lets the writers of this process
     /// queue in order instead of polling the database's lock; it must outlive the store. `afterCommit` follows a
     /// writing transaction, when the next may begin.
-    SqlStore(std::unique_ptr<soci::session> sql, std::string beginWrite, std::mutex& writers,
+    SqlStore(std::unique_ptr<soci::session> sql, std::string beginWrite, std::timed_mutex& writers,
              std::function<void()> afterCommit);
     ~SqlStore() override;
 
@@ -78,7 +78,8 @@ public:
     std::vector<TaskKey> tasksOfPerson(const std::string& username, const std::string& id) override;
     std::vector<std::string> strangers(const std::vector<std::string>& usernames, const std::string& deptId) override;
     void addTask(const Task& task) override;
-    void addTasks(const std::string& deptId, const std::function<bool(Task&)>& next) override;
+    void addTasks(const std::vector<Task>& tasks) override;
+    void countTasks(const std::string& deptId) override;
     void putTask(const Task& task, const Task& before) override;
     void removeTasks(const std::vector<TaskKey>& keys, const LogEntry& entry) override;
     void addLog(const LogEntry& entry) override;
@@ -120,13 +121,14 @@ public:
     std::set<std::string> remindedPeople(const std::string& deptId, const std::string& taskId, ReminderKind kind,
                                          const std::string& due) override;
     void addReminder(const Reminder& reminder) override;
-    std::int64_t forgetReminders(std::int64_t time, std::int64_t now, std::int64_t most) override;
+    bool isAnyReminderBefore(std::int64_t time) override;
+    void forgetReminders(std::int64_t time, std::int64_t now, std::int64_t most) override;
     void addMessage(const Message& message) override;
     MessagePage pageMessages(const std::string& username, std::int64_t offset, std::int64_t limit) override;
     std::int64_t unreadMessages(const std::string& username) override;
     void markMessageRead(const std::string& username, std::int64_t rid) override;
     void markMessagesRead(const std::string& username) override;
-    std::int64_t removeMessagesBefore(std::int64_t time, std::int64_t most) override;
+    void removeMessagesBefore(std::int64_t time, std::int64_t most) override;
     void addMail(const Mail& mail) override;
     std::vector<Mail> dueMails(std::int64_t now, std::int64_t slack, std::int64_t most) override;
     bool putMail(const Mail& mail, std::int64_t claimedAt) override;
@@ -178,7 +180,7 @@ private:
     Statements m_statements;
     std::string m_beginWrite;
     std::function<void()> m_afterCommit;
-    std::unique_lock<std::mutex> m_writing;
+    std::unique_lock<std::timed_mutex> m_writing;
 };
 
 }  // namespace disclosure

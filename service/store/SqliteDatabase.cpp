@@ -99,7 +99,7 @@ bool isDatabaseFull(const std::exception& error) {
 }
 
 bool isConflict(const std::exception& error) {
-    return hasCode(error, Busy);
+    return hasCode(error, Busy) || dynamic_cast<const Conflict*>(&error);
 }
 
 SqliteDatabase::SqliteDatabase(std::string path) : m_path(std::move(path)) {

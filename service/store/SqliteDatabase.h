@@ -19,7 +19,7 @@ public:
 
 private:
     std::string m_path;
-    std::mutex m_writers;
+    std::timed_mutex m_writers;
 };
 
 /// Brings the tables behind one open SQLite session up to `version`; see `IDatabase::migrate`.

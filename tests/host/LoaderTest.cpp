@@ -1,16 +1,10 @@
-#include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QToolButton>
 
 #include "host/log/EventLog.h"
 #include "host/shell/PlugInLoader.h"
 #include "host/shell/Registry.h"
 #include "sdk/basecore/CmdObject.h"
-#include "sdk/basecore/ManagerNames.h"
 #include "sdk/basecore/MgrObject.h"
 #include "sdk/packages/IFunctionLogMgr.h"
 #include "tests/host/Windows.h"

@@ -1,22 +1,10 @@
-#include <gtest/gtest.h>
-#include <mutex>
 
-#include <QApplication>
-#include <QComboBox>
-#include <QLabel>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTimer>
-#include <QToolButton>
 #include <QTreeWidget>
 
 #include "host/platform/Inbox.h"
 #include "host/platform/UnreadWatch.h"
 #include "host/shell/MessageDialog.h"
 #include "sdk/basecore/CmdObject.h"
-#include "sdk/basecore/ManagerNames.h"
-#include "sdk/baseui/MessageBox.h"
-#include "sdk/packages/IKpxCurProjectMgr.h"
 #include "sdk/packages/disclosure/Command.h"
 #include "tests/host/Windows.h"
 

@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 
 #include "host/platform/PlatformClient.h"
 #include "host/platform/PlatformData.h"

@@ -1,27 +1,15 @@
 #include <csignal>
-#include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QComboBox>
 #include <QDockWidget>
-#include <QFile>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTimer>
-#include <QToolButton>
 
 #include "host/managers/ClientConfigMgr.h"
 #include "host/shell/EndSignals.h"
 #include "host/shell/LoginDialog.h"
 #include "sdk/basecore/IRestServWebMgr.h"
-#include "sdk/basecore/ManagerNames.h"
-#include "sdk/baseui/MessageBox.h"
 #include "sdk/packages/IAuthInfoMgr.h"
 #include "sdk/packages/ICasMgr.h"
-#include "sdk/packages/IKpxCurProjectMgr.h"
 #include "sdk/packages/IServiceStateMgr.h"
 #include "tests/host/Windows.h"
 

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <atomic>
+#include <gtest/gtest.h>
+#include <memory>
+#include <mutex>
 #include <string>
 
 #include "tests/support/ScriptedServer.h"

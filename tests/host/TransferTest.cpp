@@ -1,5 +1,4 @@
 #include <fstream>
-#include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QDialog>

@@ -2,10 +2,21 @@
 
 #include <functional>
 
+#include <QApplication>
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QToolButton>
 #include <QWidget>
 #include <QtTest/QTest>
 
 #include "host/shell/Workbench.h"
+#include "sdk/basecore/ManagerNames.h"
+#include "sdk/baseui/MessageBox.h"
+#include "sdk/packages/IKpxCurProjectMgr.h"
 #include "tests/host/TestPlatform.h"
 
 /// What the tests of the workbench's windows share.

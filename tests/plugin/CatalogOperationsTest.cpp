@@ -1,13 +1,11 @@
-#include <gmock/gmock.h>
 
 #include "tests/plugin/ManagerTest.h"
 
 namespace {
 
 using namespace DISCLOSUREPACKAGE;
-using support::kDone;
-using support::RawHttpServer;
-using testing::IsEmpty;
+using namespace testing;
+using namespace support;
 
 const RawHttpServer::Answer kTwoCatalogs = RawHttpServer::json(
     R"({"code":200,"result":[{"id":"b","name":"二","parentId":"","taskNumber":3,"sort":9},null,{}]})");

@@ -1,4 +1,3 @@
-#include <gmock/gmock.h>
 #include <type_traits>
 
 #include "tests/plugin/ManagerTest.h"
@@ -6,10 +5,7 @@
 namespace {
 
 using namespace DISCLOSUREPACKAGE;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Pair;
-using testing::SizeIs;
+using namespace testing;
 
 static_assert(std::is_convertible_v<CDisclosureManageMgr*, IDisclosureManageMgr*>);
 static_assert(!std::is_convertible_v<CDisclosureManageMgr*, PROJECTPACKAGE::IKpxProjLoadObserver*>, "private base");

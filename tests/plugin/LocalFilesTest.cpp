@@ -1,4 +1,3 @@
-#include <gmock/gmock.h>
 
 #include <QDir>
 #include <QFile>
@@ -13,9 +12,7 @@
 namespace {
 
 using namespace DISCLOSUREPACKAGE;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
+using namespace testing;
 
 constexpr qint64 kMiB = 1048576;
 

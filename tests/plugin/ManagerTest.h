@@ -1,9 +1,10 @@
 #pragma once
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "plugin/service/CDisclosureManageMgr.h"
 #include "tests/support/FakeHost.h"
+#include "tests/support/Golden.h"
 #include "tests/support/RawHttpServer.h"
 
 namespace support {

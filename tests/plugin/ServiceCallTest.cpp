@@ -1,5 +1,4 @@
 #include <functional>
-#include <gmock/gmock.h>
 #include <set>
 
 #include "plugin/service/CDisclosureTaskFollowUp.h"
@@ -12,12 +11,8 @@
 namespace {
 
 using namespace DISCLOSUREPACKAGE;
-using support::kDone;
-using support::kExpired;
-using support::RawHttpServer;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Pair;
+using namespace testing;
+using namespace support;
 
 /// What every operation that calls the service has in common.
 class ServiceCallTest : public support::ManagerTest {

@@ -1,21 +1,13 @@
 #include <cpprest/json.h>
-#include <gmock/gmock.h>
 #include <set>
 
 #include "tests/plugin/ManagerTest.h"
-#include "tests/support/Golden.h"
 
 namespace {
 
 using namespace DISCLOSUREPACKAGE;
-using support::kDone;
-using support::kExpired;
-using support::pretty;
-using support::RawHttpServer;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Pair;
-using testing::SizeIs;
+using namespace testing;
+using namespace support;
 using web::json::value;
 
 const std::string kTask = "/rs/disclosure/task/";

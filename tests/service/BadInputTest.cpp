@@ -1,7 +1,4 @@
 #include <chrono>
-#include <gtest/gtest.h>
-#include <thread>
-#include <vector>
 
 #include "tests/service/TestService.h"
 
@@ -17,12 +14,7 @@ protected:
         EXPECT_EQ(demo.get("/rs/platform/current_user").code(), 200);
     }
     long long count() { return service.number("SELECT COUNT(*) FROM catalog"); }
-    std::string head(const std::string& method, const std::string& target, const std::string& more = {}) {
-        return method + " " + target + " HTTP/1.1\r\nHost: localhost\r\nCookie: " + demo.cookie() + "\r\n" + more;
-    }
-    std::string saveHead(const std::string& more) {
-        return head("POST", SavePath, "Content-Type: application/json\r\n" + more);
-    }
+    std::string saveHead(const std::string& more) { return demo.head("POST", SavePath, more); }
 
     TestService service;
     Client demo{service.loggedIn("demo")};
@@ -94,7 +86,7 @@ TEST_F(BadInput, TargetsMethodsAndHosts) {
     for (const char* method : {"GET", "PATCH", "BREW"})
         EXPECT_EQ(demo.send(method, SavePath, "").status, 405) << method;
 
-    const Answer head405 = demo.raw(head("HEAD", "/healthz", "\r\n"));
+    const Answer head405 = demo.raw(demo.head("HEAD", "/healthz", "\r\n"));
     EXPECT_EQ(head405.status, 405);
     EXPECT_TRUE(head405.body.empty()) << "or it would be read as the next answer";
 
@@ -123,8 +115,7 @@ TEST_F(BadInput, FramingThatTwoServersCouldReadDifferently) {
         EXPECT_EQ(demo.raw(saveHead(more) + "\r\n" + body).status, 400) << more;
         EXPECT_EQ(demo.raw(saveHead(more + length) + "\r\n" + body).status, 400) << more;
         Wire kept(service.port());
-        kept.send(head("POST", upload, "Content-Type: application/octet-stream\r\n" + more + "\r\n") +
-                  head("GET", "/healthz", "\r\n"));
+        kept.send(demo.head("POST", upload, more + "\r\n", OctetStream) + demo.head("GET", "/healthz", "\r\n"));
         EXPECT_EQ(kept.answer().status, 400) << more;
         EXPECT_EQ(kept.answer().status, 0) << "nothing behind it is read as a request";
     }
@@ -135,7 +126,7 @@ TEST_F(BadInput, FramingThatTwoServersCouldReadDifferently) {
 }
 
 TEST_F(BadInput, Sizes) {
-    EXPECT_EQ(demo.raw(head("GET", "/healthz", "X-Long: " + std::string(200'000, 'x') + "\r\n\r\n")).status, 431);
+    EXPECT_EQ(demo.raw(demo.head("GET", "/healthz", "X-Long: " + std::string(200'000, 'x') + "\r\n\r\n")).status, 431);
     EXPECT_EQ(demo.get("/healthz?" + std::string(100'000, 'q')).status, 431);
     const std::string large(1024 * 1024 + 1, ' ');
     EXPECT_EQ(demo.post(SavePath, large).status, 413);

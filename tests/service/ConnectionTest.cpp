@@ -2,11 +2,6 @@
 #include <boost/asio/write.hpp>
 #include <chrono>
 #include <future>
-#include <gtest/gtest.h>
-#include <list>
-#include <soci/soci.h>
-#include <soci/sqlite3/soci-sqlite3.h>
-#include <thread>
 
 #include "tests/service/TestService.h"
 
@@ -14,15 +9,6 @@ namespace disclosure::testing {
 namespace {
 
 using std::chrono::milliseconds;
-
-std::string head(const std::string& line, const std::string& cookie, const std::string& more) {
-    return line + " HTTP/1.1\r\nHost: localhost\r\nContent-Type: application/json\r\nCookie: " + cookie + "\r\n" +
-           more + "\r\n";
-}
-
-std::string saveHead(const std::string& cookie, const std::string& more) {
-    return head(std::string("POST ") + SavePath, cookie, more);
-}
 
 /// Holds the database against every other writer.
 class Lock {
@@ -38,31 +24,36 @@ private:
 
 TEST(Connections, WhatAStrangerSendsIsBoundedAndASessionIsLookedAtBeforeABody) {
     TestService service;
-    const std::string demo = service.loggedIn("demo").cookie();
+    const Client demo = service.loggedIn("demo");
+    const Client stranger = service.client();
+    const auto save = [](const Client& client, const std::string& more) {
+        return client.head("POST", SavePath, more + "\r\n");
+    };
     const std::string chunked = "Transfer-Encoding: chunked\r\n";
     const std::string large = "Content-Length: 1000000\r\n";
     const std::string body = saveBody(FirstDept, "", "尾部", Top);
+    const std::string length = "Content-Length: " + std::to_string(body.size());
     char size[16];
     std::snprintf(size, sizeof size, "%zx", body.size());
     const std::string chunk = std::string(size) + "\r\n" + body + "\r\n0\r\n";
     // Nothing is said of the end of what is sent: who waits for more would not answer.
     const std::tuple<const char*, std::string, int> rows[] = {
-        {"an extension without an end", saveHead(demo, chunked) + "5;" + std::string(100'000, 'x'), 400},
-        {"any extension", saveHead(demo, chunked) + "5;x\r\n", 400},
-        {"trailers without an end", saveHead(demo, chunked) + "0\r\n" + std::string(100'000, 'x'), 400},
-        {"a trailer", saveHead(demo, chunked) + chunk + "X-Late: 1\r\n\r\n", 400},
-        {"a trailer announced", saveHead(demo, chunked + "Trailer: X\r\n") + chunk + "\r\n", 400},
-        {"a chunked body without more", saveHead(demo, chunked) + chunk + "\r\n", 200},
-        {"no session, a large body", saveHead("", large), 302},
-        {"no session, leave for it", saveHead("", large + "Expect: 100-continue\r\n"), 302},
-        {"no session, chunks", saveHead("JSESSIONID=x", chunked), 302},
-        {"a session, leave for it", saveHead(demo, large + "Expect: 100-continue\r\n"), 100},
-        {"a session, no such operation", head("POST /rs/none", demo, large), 404},
-        {"a log-in's large body", head("POST /rs/auth/login", "", "Content-Length: 9000\r\n"), 413},
-        {"a log-in's chunks", head("POST /rs/auth/login", "", chunked) + "2329\r\n", 413},
-        {"a large body for nothing", head("POST /none", "", large), 413},
-        {"the same length twice", saveHead(demo, "Content-Length: 2\r\nContent-Length: 2\r\n") + "{}", 400},
-        {"a list of equal lengths", saveHead(demo, "Content-Length: 2, 2\r\n") + "{}", 400},
+        {"an extension without an end", save(demo, chunked) + "5;" + std::string(100'000, 'x'), 400},
+        {"any extension", save(demo, chunked) + "5;x\r\n", 400},
+        {"trailers without an end", save(demo, chunked) + "0\r\n" + std::string(100'000, 'x'), 400},
+        {"a trailer", save(demo, chunked) + chunk + "X-Late: 1\r\n\r\n", 400},
+        {"a trailer announced", save(demo, chunked + "Trailer: X\r\n") + chunk + "\r\n", 400},
+        {"a chunked body without more", save(demo, chunked) + chunk + "\r\n", 200},
+        {"no session, a large body", save(stranger, large), 302},
+        {"no session, leave for it", save(stranger, large + "Expect: 100-continue\r\n"), 302},
+        {"no session, chunks", save(Client(0, "JSESSIONID=x"), chunked), 302},
+        {"a session, leave for it", save(demo, large + "Expect: 100-continue\r\n"), 100},
+        {"a session, no such operation", demo.head("POST", "/rs/none", large + "\r\n"), 404},
+        {"a log-in's large body", stranger.head("POST", "/rs/auth/login", "Content-Length: 9000\r\n\r\n"), 413},
+        {"a log-in's chunks", stranger.head("POST", "/rs/auth/login", chunked + "\r\n") + "2329\r\n", 413},
+        {"a large body for nothing", stranger.head("POST", "/none", large + "\r\n"), 413},
+        {"the same length twice", save(demo, length + "\r\n" + length + "\r\n") + body, 400},
+        {"a list of equal lengths", save(demo, length + ", " + std::to_string(body.size()) + "\r\n") + body, 400},
     };
     for (const auto& [what, bytes, status] : rows) {
         Wire wire(service.port());
@@ -80,12 +71,12 @@ TEST(Connections, WhoReadsSlowlyGetsEverythingAndWhoStopsIsCutOff) {
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 4000) INSERT INTO catalog "
         "(dept_id, catalog_id, parent_id, name, sort, depth) SELECT 'demo-dept-1', 'x' || i, "
         "'demo-catalog-1', i || hex(zeroblob(200)), 1000 + i, 2 FROM n");
-    const std::string cookie = service.loggedIn("demo").cookie();
-    const std::size_t size = service.loggedIn("demo").get(std::string(ListPath) + FirstDept).body.size();
+    Client demo = service.loggedIn("demo");
+    const std::size_t size = demo.get(std::string(ListPath) + FirstDept).body.size();
     ASSERT_GT(size, 1'500'000U);
     namespace asio = boost::asio;
     asio::io_context io;
-    const auto request = head(std::string("GET ") + ListPath + FirstDept, cookie, "");
+    const auto request = demo.head("GET", std::string(ListPath) + FirstDept, "\r\n");
     // How much can be read with a pause after each piece, and one before the first.
     const auto read = [&](milliseconds pause, milliseconds first) {
         asio::ip::tcp::socket socket(io, asio::ip::tcp::v4());
@@ -133,13 +124,13 @@ TEST(Connections, TheEndDropsWhatIsStillWaiting) {
     auto service = std::make_unique<TestService>(settings);
     const auto number = [&] { return service->number("SELECT COUNT(*) FROM catalog"); };
     const long long before = number();
-    const std::string cookie = service->loggedIn("demo").cookie();
+    const Client demo = service->loggedIn("demo");
     Lock lock(*service);
     std::list<Wire> waiting;
     for (int i = 0; i < 4; ++i) {
         const std::string body = saveBody(FirstDept, "", "名" + std::to_string(i), Top);
         waiting.emplace_back(service->port())
-            .send(saveHead(cookie, "Content-Length: " + std::to_string(body.size()) + "\r\n") + body);
+            .send(demo.head("POST", SavePath, "Content-Length: " + std::to_string(body.size()) + "\r\n\r\n") + body);
     }
     std::this_thread::sleep_for(milliseconds(300));
     std::thread release([&] {
@@ -186,6 +177,16 @@ TEST_F(Dispatching, NoClientFillsTheQueueOfLogIns) {
     lock.release();
     for (auto* reply : {&first, &second, &other})
         EXPECT_EQ(reply->get().message.result_int(), 200U);
+}
+
+TEST_F(Dispatching, AChangeThatHasWaitedTooLongForItsTurnIsToComeBackAndReadingGoesOn) {
+    Dispatcher::Settings settings;
+    settings.patience = std::chrono::milliseconds(-1);
+    Dispatcher dispatcher(own, service.database(), settings);
+    const Response late = dispatch(dispatcher, asked(SavePath, saveBody(FirstDept, "", "迟", Top)), "a").get().message;
+    EXPECT_EQ(late.result_int(), 503U);
+    EXPECT_EQ(late[boost::beast::http::field::retry_after], "1");
+    EXPECT_EQ(dispatch(dispatcher, asked("/rs/platform/current_user"), "a").get().message.result_int(), 200U);
 }
 
 TEST_F(Dispatching, NobodyTakesAllTheDownloads) {

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <gtest/gtest.h>
-#include <string>
 
 #include "service/http/OpenApi.h"
 #include "service/http/Route.h"

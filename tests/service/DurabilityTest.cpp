@@ -1,7 +1,4 @@
 #include <algorithm>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <sstream>
 
 #include "tests/service/ServedProgram.h"
 #include "tests/service/TaskTest.h"

@@ -1,10 +1,5 @@
-#include <fstream>
-#include <list>
 #include <mutex>
 #include <random>
-#include <soci/soci.h>
-#include <soci/sqlite3/soci-sqlite3.h>
-#include <thread>
 
 #include "service/domain/Files.h"
 #include "service/domain/Tasks.h"
@@ -39,9 +34,8 @@ std::string pathOf(const std::string& uuid, const std::string& deptId = FirstDep
 
 /// The header of an upload by the person of the cookie.
 std::string uploadHead(const std::string& cookie, const std::string& more, const std::string& name = "a.pdf") {
-    return std::string("POST ") + FilesPath + "?deptId=" + FirstDept + "&name=" + name +
-           " HTTP/1.1\r\nHost: localhost\r\nContent-Type: application/octet-stream\r\nCookie: " + cookie + "\r\n" +
-           more + "\r\n";
+    return Client(0, cookie).head("POST", std::string(FilesPath) + "?deptId=" + FirstDept + "&name=" + name,
+                                  more + "\r\n", OctetStream);
 }
 
 std::string length(std::size_t size) {
@@ -288,7 +282,7 @@ TEST_F(FileRules, ADatabaseWithoutRoomIsAFullDiskAndNothingStays) {
     const Service full({{}, {}, [] { return std::int64_t{1}; }, Passwords::Cost::Lowest}, service.files());
     auto sql = std::make_unique<soci::session>(soci::sqlite3, "dbname=" + service.file());
     *sql << "PRAGMA max_page_count = 1";  // as many as there are
-    std::mutex writers;
+    std::timed_mutex writers;
     SqlStore store(std::move(sql), "BEGIN IMMEDIATE", writers, [] {});
     PendingFile pending{{FirstDept, std::string(32, 'a')}, std::string(3'000'000, 'n'), "pdf", 1, "demo", 1};
     service.addFile(SecondDept, pending.key.uuid, "x");

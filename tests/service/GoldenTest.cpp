@@ -1,10 +1,6 @@
 #include <algorithm>
-#include <gtest/gtest.h>
-#include <map>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
-#include <set>
-#include <sstream>
 
 #include "tests/service/Described.h"
 #include "tests/service/TaskTest.h"

@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <thread>
 
 #include "service/mail/Outbox.h"
 #include "service/mail/SmtpSender.h"

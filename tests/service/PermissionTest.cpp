@@ -1,5 +1,3 @@
-#include <map>
-#include <set>
 
 #include "tests/service/Described.h"
 #include "tests/service/TaskTest.h"
@@ -170,17 +168,41 @@ TEST_P(Permissions, EveryCell) {
 
 INSTANTIATE_TEST_SUITE_P(Routes, Permissions, ::testing::ValuesIn(Table));
 
-TEST(PermissionTable, CoversEveryGuardedRoute) {
-    const auto named = [](std::string_view method, std::string_view path) {
-        return std::string(method) + " " + std::string(path.substr(0, std::min(path.find('?'), path.find("/{"))));
-    };
-    std::set<std::string> covered;
-    for (const Row& row : Table)
-        covered.insert(named(row.method, row.path));
+TEST(Routes, AreAllDescribedAndTheGuardedOnesInTheTable) {
+    const OpenApi description;
+    std::set<std::string> described;
+    for (const auto& path : description.document()["paths"].GetObject()) {
+        for (const auto& operation : path.value.GetObject())
+            described.insert(std::string(operation.name.GetString()) + " " + path.name.GetString());
+    }
+    std::set<std::string> served;
     for (const Route& route : routes()) {
-        EXPECT_TRUE(route.scope == Scope::Public ||
-                    covered.contains(named(std::string(to_string(route.method)), route.path)))
+        served.insert(lower(std::string(to_string(route.method))) + " " + std::string(route.path));
+        const auto covers = [&](const Row& row) {
+            const std::string path(row.path);
+            return to_string(route.method) == row.method && path.substr(0, std::min(path.find('?'), path.find("/{"))) ==
+                                                                route.path.substr(0, route.path.find("/{"));
+        };
+        EXPECT_TRUE(route.scope == Scope::Public || std::any_of(std::begin(Table), std::end(Table), covers))
             << route.path;
+    }
+    EXPECT_EQ(described, served);
+}
+
+TEST(Routes, OfStrangersAnswerAsDescribed) {
+    TestService service;
+    Client client = service.client();
+    std::stringstream text;
+    text << std::ifstream(SOURCE_ROOT "/docs/openapi.yaml").rdbuf();
+    EXPECT_EQ(client.get("/openapi.yaml").body, text.str());
+    for (const char* path : {"/healthz", "/readyz"})
+        expectDescribed("GET", path, client.get(path));
+    const std::string path = "/rs/auth/login";
+    for (const auto& [password, status] : {std::pair("no", 401), {"", 400}, {"demo", 200}}) {
+        const Members name{{"username", "demo"}};
+        const Answer answer = client.post(path, *password ? object(name, {{"password", password}}) : object(name));
+        EXPECT_EQ(answer.status, status);
+        expectDescribed("POST", path, answer);
     }
 }
 
@@ -216,6 +238,7 @@ TEST(PermissionsInTwo, ToDeleteTasksOfBothTheRightIsNeededInBoth) {
     EXPECT_EQ(service.number("SELECT COUNT(*) FROM task WHERE task_id IN ('a', 'b', 'c')"), 3);
     store->putRights(SecondDept, "demo", {Right::DeleteTasks});
     EXPECT_EQ(remove(list({"a", "b", "c"})), 200);
+    EXPECT_EQ(service.number("SELECT COUNT(DISTINCT dept_id) FROM task_log WHERE kind = 5"), 2);
 }
 
 }  // namespace

@@ -1,11 +1,6 @@
 #pragma once
 
 #include <chrono>
-#include <gtest/gtest.h>
-#include <soci/soci.h>
-#include <soci/sqlite3/soci-sqlite3.h>
-#include <string>
-#include <vector>
 
 #include "service/domain/Demo.h"
 #include "service/domain/Reminders.h"

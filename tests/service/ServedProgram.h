@@ -2,16 +2,11 @@
 
 #include <chrono>
 #include <fcntl.h>
-#include <filesystem>
-#include <fstream>
 #include <signal.h>
 #include <spawn.h>
 #include <stdexcept>
-#include <string>
 #include <sys/resource.h>
 #include <sys/wait.h>
-#include <thread>
-#include <vector>
 
 #include "tests/service/TestService.h"
 

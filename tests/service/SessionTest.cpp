@@ -1,6 +1,3 @@
-#include <gtest/gtest.h>
-#include <soci/soci.h>
-#include <soci/sqlite3/soci-sqlite3.h>
 
 #include "tests/service/TestService.h"
 

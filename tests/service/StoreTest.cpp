@@ -1,11 +1,5 @@
-#include <fstream>
-#include <gtest/gtest.h>
 #include <regex>
-#include <soci/soci.h>
-#include <soci/sqlite3/soci-sqlite3.h>
 #include <sys/stat.h>
-#include <thread>
-#include <vector>
 
 #include "service/domain/Demo.h"
 #include "service/ports/Changing.h"
@@ -124,6 +118,11 @@ TEST_F(StoreTest, AChangeIsRepeatedWhereAnotherWasInItsWayAndGivenUpInTheEnd) {
         else
             EXPECT_THROW(changing(*store, change), std::exception);
         EXPECT_EQ(store->department(id).has_value(), conflicts < 4);
+    }
+    {
+        const auto other = database.connect();
+        const Transaction held(*other, IStore::Access::Write);
+        EXPECT_THROW(changing(*store, [] {}), Conflict) << "a writer of the same process is not waited for without end";
     }
     int tries = 0;
     EXPECT_THROW(changing(*store, [&] { throw std::runtime_error(std::to_string(++tries)); }), std::runtime_error);

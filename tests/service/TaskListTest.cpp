@@ -1,8 +1,5 @@
 #include <algorithm>
 #include <regex>
-#include <set>
-#include <soci/soci.h>
-#include <soci/sqlite3/soci-sqlite3.h>
 
 #include "service/domain/Catalogs.h"
 #include "service/domain/LoadData.h"

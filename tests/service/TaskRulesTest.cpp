@@ -27,20 +27,14 @@ TEST_F(TaskRules, ATaskComesBackAsItWasSaved) {
         R"([{"id":"n","ppid":1001,"nodeId":"np"}],"disclosureTaskDocList":)" +
             docs(0, 2));
     ASSERT_EQ(save(body).code(), 200);
-    const auto json = task("t1");
-    const auto& t = json["result"];
-    EXPECT_STREQ(t["name"].GetString(), "桩基 100%_验收");
-    EXPECT_STREQ(t["deptName"].GetString(), "第一项目部");
-    EXPECT_STREQ(t["disclosureUserRealname"].GetString(), "陈伟");
-    EXPECT_EQ(t["constructionStartDateMills"].GetInt64(), 1'700'000'000'000);
-    EXPECT_EQ(t["planDisclosureDateMills"].GetInt64(), 0);
-    EXPECT_STREQ(t["remark"].GetString(), "第一行\n第二行");
-    EXPECT_STREQ(t["updateBy"].GetString(), "张建国");
-    EXPECT_EQ(t["updateDateMills"].GetInt64(), service.now);
-    EXPECT_STREQ(t["disclosureTaskReceiveUserList"][0]["userRealname"].GetString(), "孙丽") << "in the order given";
-    EXPECT_STREQ(t["disclosureTaskViewportList"][0]["viewportId"].GetString(), "vp");
-    EXPECT_STREQ(t["disclosureTaskNodeList"][0]["nodeId"].GetString(), "np");
-    EXPECT_STREQ(t["disclosureTaskDocList"][1]["name"].GetString(), "书1.pdf");
+    EXPECT_EQ(task("t1",
+                   "name deptName disclosureUserRealname constructionStartDateMills planDisclosureDateMills remark "
+                   "updateBy updateDateMills"),
+              "桩基 100%_验收|第一项目部|陈伟|1700000000000|0|第一行\n第二行|张建国|" + std::to_string(service.now));
+    EXPECT_EQ(task("t1",
+                   "disclosureTaskReceiveUserList/0/userRealname disclosureTaskViewportList/0/viewportId "
+                   "disclosureTaskNodeList/0/nodeId disclosureTaskDocList/1/name"),
+              "孙丽|vp|np|书1.pdf");
 
     service.now += 1000;
     EXPECT_EQ(save(body).code(), 200) << "a client that saw no answer asks again";
@@ -51,10 +45,7 @@ TEST_F(TaskRules, ATaskComesBackAsItWasSaved) {
         save(taskBody("t1", "改过", R"(,"disclosureTaskReceiveUserList":[{"id":"a","userName":"liuyang"}])")).code(),
         200)
         << "and its user may have gone on typing";
-    const auto again = task("t1");
-    EXPECT_STREQ(again["result"]["name"].GetString(), "改过");
-    EXPECT_EQ(again["result"]["disclosureTaskReceiveUserList"].Size(), 1U);
-    EXPECT_EQ(again["result"]["disclosureTaskDocList"].Size(), 0U);
+    EXPECT_EQ(task("t1", "name disclosureTaskReceiveUserList disclosureTaskDocList"), "改过|1|0");
     ASSERT_EQ(save(publishedBody("t2")).code(), 200);
     EXPECT_EQ(save(taskBody("t2", "别的")).code(), 409) << "published";
     EXPECT_EQ(taskNumber("demo-catalog-4"), 2);
@@ -124,7 +115,7 @@ TEST_F(TaskRules, NamesOfAnyScriptStayAsTheyAre) {
                                     std::string("\u202eأساس\u202c"), std::string("<b>粗</b>&lt;'")}) {
         const std::string id = "t" + std::to_string(++number);
         ASSERT_EQ(save(taskBody(id, name)).code(), 200) << name;
-        EXPECT_EQ(task(id)["result"]["name"].GetString(), name);
+        EXPECT_EQ(task(id, "name"), name);
     }
 }
 
@@ -141,9 +132,7 @@ TEST_F(TaskRules, WhoHasLeftStaysInATaskButIsNotChosenAgain) {
     EXPECT_EQ(update("t", receivers).msg(), "接受交底人不是本组织的人员：chenwei");
     EXPECT_EQ(update("t", R"(,"disclosureUserName":"chenwei")").msg(), "交底人不是本组织的人员");
     EXPECT_EQ(update("t", R"(,"isPublish":1)").code(), 200);
-    const auto json = task("t");
-    EXPECT_STREQ(json["result"]["disclosureUserRealname"].GetString(), "孙丽");
-    EXPECT_STREQ(json["result"]["disclosureTaskReceiveUserList"][0]["userRealname"].GetString(), "刘洋");
+    EXPECT_EQ(task("t", "disclosureUserRealname disclosureTaskReceiveUserList/0/userRealname"), "孙丽|刘洋");
 }
 
 TEST_F(TaskRules, AnUpdateChangesWhatItNamesAndKeepsTheRest) {
@@ -157,18 +146,11 @@ TEST_F(TaskRules, AnUpdateChangesWhatItNamesAndKeepsTheRest) {
     const std::string change = R"(,"name":"新名","planDisclosureDateMills":0,"delDisclosureTaskReceiveUserIds":["a"],)"
                                R"("saveDisclosureTaskReceiveUserList":[{"id":"c","userName":"chenwei"}])";
     EXPECT_EQ(update("t", change).code(), 200);
-    {
-        const auto json = task("t");
-        const auto& t = json["result"];
-        EXPECT_STREQ(t["name"].GetString(), "新名");
-        EXPECT_EQ(t["planDisclosureDateMills"].GetInt64(), 0);
-        EXPECT_EQ(t["expiryDateMills"].GetInt64(), 6);
-        EXPECT_STREQ(t["remark"].GetString(), "备注");
-        ASSERT_EQ(t["disclosureTaskReceiveUserList"].Size(), 2U);
-        EXPECT_STREQ(t["disclosureTaskReceiveUserList"][0]["userName"].GetString(), "sunli");
-        EXPECT_STREQ(t["disclosureTaskReceiveUserList"][1]["userName"].GetString(), "chenwei");
-        EXPECT_EQ(t["updateDateMills"].GetInt64(), service.now + 1) << "grows even while the clock stands still";
-    }
+    EXPECT_EQ(task("t",
+                   "name planDisclosureDateMills expiryDateMills remark disclosureTaskReceiveUserList "
+                   "disclosureTaskReceiveUserList/0/userName disclosureTaskReceiveUserList/1/userName"),
+              "新名|0|6|备注|2|sunli|chenwei");
+    EXPECT_EQ(version("t"), service.now + 1) << "grows even while the clock stands still";
     EXPECT_EQ(update("t", change).code(), 200);
     EXPECT_EQ(version("t"), service.now + 1) << "asked again, it changes nothing";
     EXPECT_EQ(update("t", R"(,"name":"  ")").code(), 422);
@@ -190,7 +172,7 @@ TEST_F(TaskRules, ANewerVersionIsNotOverwritten) {
     EXPECT_EQ(late.msg(), "任务已被他人修改，请刷新后重试");
     EXPECT_EQ(updateSeen("二", std::to_string(seen)).code(), 200) << "the first one again";
     EXPECT_EQ(updateSeen("四", "7x").status, 400);
-    EXPECT_STREQ(task("t")["result"]["name"].GetString(), "二");
+    EXPECT_EQ(task("t", "name"), "二");
     EXPECT_EQ(update("t", R"(,"name":"五")").code(), 200) << "a client that names none";
 }
 
@@ -274,9 +256,8 @@ TEST_F(TaskRules, StatusFollowsFromPublishingConfirmationsAndTheDay) {
     EXPECT_EQ(status("t"), 2);
     EXPECT_EQ(page("status=2"), Ids{"t"});
     EXPECT_EQ(page("status=4"), Ids{});
-    const auto json = task("t");
-    EXPECT_EQ(json["result"]["actualDisclosureDateMills"].GetInt64(), json["result"]["confirmDateMills"].GetInt64());
-    EXPECT_STREQ(json["result"]["attachementList"][0]["name"].GetString(), "书0.pdf");
+    EXPECT_EQ(task("t", "actualDisclosureDateMills"), task("t", "confirmDateMills"));
+    EXPECT_EQ(task("t", "attachementList/0/name"), "书0.pdf");
     EXPECT_EQ(by("chenwei", "urge_by_disclosure_user", "t").code(), 409) << "nobody is left to urge";
 }
 
@@ -315,7 +296,7 @@ TEST_F(TaskRules, EveryChangeIsInTheLog) {
     for (const auto& entry : json["result"].GetArray())
         kinds.push_back(entry["opType"].GetInt());
     EXPECT_EQ(kinds, (std::vector<int>{1, 2, 4, 3, 8, 6, 7, 101}));
-    EXPECT_STREQ(json["result"][5]["userRealname"].GetString(), "孙丽");
+    EXPECT_EQ(demo.get(TaskPath + "list_operation_log_by_taskid/t").at("5/userRealname"), "孙丽");
 
     service.run(
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 9998) INSERT INTO task_log "
@@ -329,11 +310,10 @@ TEST_F(TaskRules, EveryChangeIsInTheLog) {
     for (const Row& row : {Row{"", 1000, "n9998"}, Row{"?page=2&kind=", 1000, "n8998"}, Row{"?page=11", 6, ""},
                            Row{"?person=sunli", 1000, "n9997"}, Row{"?kind=101&person=demo", 1, "l1"},
                            Row{"?page=5&person=demo&kind=100", 999, "n1998"}, Row{"?person=nobody", 0, ""}}) {
-        const auto page = demo.get(TaskPath + "list_operation_log_by_taskid/t" + row.query).json();
-        const auto list = page["result"].GetArray();
-        ASSERT_EQ(list.Size(), row.size) << row.query;
-        if (!list.Empty() && *row.last) {
-            EXPECT_STREQ(list[list.Size() - 1]["id"].GetString(), row.last) << row.query;
+        const Answer page = demo.get(TaskPath + "list_operation_log_by_taskid/t" + row.query);
+        ASSERT_EQ(page.json()["result"].Size(), row.size) << row.query;
+        if (*row.last) {
+            EXPECT_EQ(page.at(std::to_string(row.size - 1) + "/id"), row.last) << row.query;
         }
     }
     for (const char* query : {"?page=0", "?kind=-1", "?page=x"})
@@ -363,24 +343,9 @@ TEST_F(TaskRules, AConfirmationAmongManyWritesOneReceiver) {
     EXPECT_LE(service.number("SELECT COUNT(*) FROM written"), 4) << "each away and put back";
 }
 
-TEST_F(TaskRules, TasksOfTwoDepartmentsTakeTheRightInBoth) {
-    const auto store = service.database().connect();
-    ASSERT_EQ(service.loggedIn("second").post(SavePath, saveBody(SecondDept, "c", "全部", "")).code(), 200);
-    service.addTask(FirstDept, "demo-catalog-4", "ours");
-    service.addTask(SecondDept, "c", "theirs");
-    store->putMember(SecondDept, "demo");
-    for (const char* ids : {R"(["ours","theirs"])", R"(["theirs","ours"])", R"(["theirs"])"})
-        EXPECT_EQ(demo.del(TaskPath + "batchdelete", std::string(R"({"ids":)") + ids + "}").code(), 403) << ids;
-    EXPECT_EQ(service.number("SELECT COUNT(*) FROM task"), 2);
-    store->putRights(SecondDept, "demo", {Right::DeleteTasks});
-    EXPECT_EQ(demo.del(TaskPath + "batchdelete", R"({"ids":["ours","theirs"]})").code(), 200);
-    EXPECT_EQ(service.number("SELECT COUNT(*) FROM task"), 0);
-    EXPECT_EQ(service.number("SELECT COUNT(DISTINCT dept_id) FROM task_log WHERE kind = 5"), 2);
-}
-
 TEST_F(TaskRules, RemindersAreSetOnceAndThenChanged) {
     const std::string query = TaskPath + "query_push_config?deptId=demo-dept-1";
-    EXPECT_STREQ(demo.get(query).json()["result"]["id"].GetString(), "");
+    EXPECT_EQ(demo.get(query).at("id"), "");
     EXPECT_EQ(demo.post(TaskPath + "update_push_config", R"({"id":"c"})").code(), 404);
     const std::string first =
         R"({"id":"c","deptId":"demo-dept-1","isNotifyAdvance":1,"daysNotifyAdvance":3,"advanceNotifyFrequency":2})";
@@ -401,9 +366,7 @@ TEST_F(TaskRules, RemindersAreSetOnceAndThenChanged) {
     EXPECT_EQ(
         demo.post(TaskPath + "update_push_config", R"({"id":"c","daysNotifyAdvance":30,"isNotifyOverdue":1})").code(),
         200);
-    const auto json = demo.get(query).json();
-    EXPECT_EQ(json["result"]["daysNotifyAdvance"].GetInt(), 30);
-    EXPECT_EQ(json["result"]["isNotifyOverdue"].GetInt(), 1);
+    EXPECT_EQ(demo.get(query).at("daysNotifyAdvance isNotifyOverdue"), "30|1");
 }
 
 }  // namespace

@@ -1,9 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
-
 #include "tests/service/TestService.h"
 
 namespace disclosure::testing {
@@ -69,13 +65,12 @@ protected:
               const std::string& more = {}) {
         return service.loggedIn(username).post(TaskPath + operation, R"({"taskId":")" + taskId + "\"" + more + "}");
     }
-    rapidjson::Document task(const std::string& id) {
-        auto json = demo.get(TaskPath + "query_disclosure_task_by_id/" + id).json();
-        EXPECT_EQ(json["code"].GetInt(), 200) << id;
-        return json;
+    /// See `Answer::at`.
+    std::string task(const std::string& id, const std::string& places) {
+        return demo.get(TaskPath + "query_disclosure_task_by_id/" + id).at(places);
     }
-    int status(const std::string& id) { return task(id)["result"]["status"].GetInt(); }
-    std::int64_t version(const std::string& id) { return task(id)["result"]["updateDateMills"].GetInt64(); }
+    int status(const std::string& id) { return std::stoi(task(id, "status")); }
+    std::int64_t version(const std::string& id) { return std::stoll(task(id, "updateDateMills")); }
     /// The ids of one page in their order; the total goes to `total`.
     std::vector<std::string> page(const std::string& query) {
         const Answer answer = demo.get(PagePath + query);

@@ -7,9 +7,13 @@
 #include <boost/beast/http/write.hpp>
 #include <chrono>
 #include <openssl/evp.h>
+#include <rapidjson/pointer.h>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
 #include <soci/soci.h>
 #include <soci/sqlite3/soci-sqlite3.h>
 #include <sodium.h>
+#include <sstream>
 #include <stdexcept>
 #include <stdlib.h>
 
@@ -47,6 +51,23 @@ int Answer::code() const {
 std::string Answer::msg() const {
     const auto document = json();
     return document.IsObject() && document.HasMember("msg") ? document["msg"].GetString() : "";
+}
+
+std::string Answer::at(const std::string& places) const {
+    const auto document = json();
+    std::istringstream words(places);
+    std::string all;
+    for (std::string place; words >> place;) {
+        const auto* value = rapidjson::Pointer(("/result/" + place).c_str()).Get(document);
+        rapidjson::StringBuffer text;
+        rapidjson::Writer<rapidjson::StringBuffer> writer(text);
+        if (value && value->IsArray())
+            writer.Uint(value->Size());
+        else if (value && !value->IsString())
+            value->Accept(writer);
+        all += (value && value->IsString() ? value->GetString() : std::string(text.GetString())) + "|";
+    }
+    return all.substr(0, all.size() - 1);
 }
 
 namespace {
@@ -234,6 +255,15 @@ std::string joined(const std::vector<std::string>& parts, char open, char close)
 }
 
 }  // namespace
+
+std::string wrong(std::initializer_list<std::pair<int, int>> steps) {
+    std::string all;
+    for (int number = 1; const auto& [code, expected] : steps) {
+        if (const int step = number++; code != expected)
+            all += "step " + std::to_string(step) + ": " + std::to_string(code) + "; ";
+    }
+    return all;
+}
 
 Json object(const Members& members, const Members& more) {
     std::vector<std::string> parts;

@@ -6,11 +6,21 @@
 #include <boost/beast/core/flat_buffer.hpp>
 #include <concepts>
 #include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <initializer_list>
+#include <list>
+#include <map>
 #include <memory>
 #include <optional>
 #include <rapidjson/document.h>
+#include <set>
+#include <soci/soci.h>
+#include <soci/sqlite3/soci-sqlite3.h>
+#include <sstream>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -48,6 +58,8 @@ struct Answer {
     /// The wrapper's code; -1 when the body is no wrapper.
     int code() const;
     std::string msg() const;
+    /// What stands at these places of the result, as in "name list/0/id", with a '|' between them; of a list its size.
+    std::string at(const std::string& places) const;
 };
 
 /// A connection on which any bytes are sent.
@@ -82,6 +94,12 @@ public:
     }
     /// Sends these bytes on a connection of their own and reads the answer; `end` says that no more will come.
     Answer raw(const std::string& bytes, bool end = false);
+    /// The header of a request with this person's session; `more` are further lines.
+    std::string head(const std::string& method, const std::string& target, const std::string& more = {},
+                     const std::string& type = "application/json") const {
+        return method + " " + target + " HTTP/1.1\r\nHost: localhost\r\nContent-Type: " + type +
+               "\r\nCookie: " + m_cookie + "\r\n" + more;
+    }
     /// Keeps the session for what follows.
     Answer login(const std::string& username, const std::string& password);
     const std::string& cookie() const { return m_cookie; }
@@ -144,6 +162,9 @@ inline constexpr auto DeletePath = "/rs/disclosure/catalog/delete";
 inline constexpr auto FirstDept = "demo-dept-1";
 inline constexpr auto SecondDept = "demo-dept-2";
 inline constexpr auto Top = "demo-catalog-1";
+
+/// Which steps, done in their order, came to something else than expected: {{save("a"), 200}, {save("a"), 409}}.
+std::string wrong(std::initializer_list<std::pair<int, int>> steps);
 
 /// In hexadecimal.
 std::string md5Of(const std::string& content);
