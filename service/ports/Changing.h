@@ -12,8 +12,9 @@ namespace disclosure {
 
 /// Changes the store: runs `work` in a writing transaction, commits, and returns what `work` returned. The one way to
 /// change anything. Where the store gives the transaction up for another's sake, all of it is undone and repeated, four
-/// times in all and not after 4 s; then the store's error is thrown, which `isConflict` tells. So `work` may run several times, and does nothing
-/// that a rollback does not undo: what is to follow a change follows the call. What `work` throws undoes the change.
+/// times in all and not after 4 s; then the store's error is thrown, which `isConflict` tells. So `work` may run
+/// several times, and does nothing that a rollback does not undo: what is to follow a change follows the call. What
+/// `work` throws undoes the change.
 template <class Work>
 std::invoke_result_t<Work&> changing(IStore& store, Work&& work) {
     constexpr int Tries = 4;
