@@ -42,7 +42,7 @@ inline constexpr Reason NoPushConfig{404, "提醒设置不存在"};
 inline constexpr Reason NotDiscloser{403, "只有该任务的交底人可以执行此操作"};
 inline constexpr Reason NotReceiver{403, "您不是该任务的接受交底人"};
 
-inline constexpr Reason TaskChanged{409, "任务已被他人修改，请刷新后重试"};
+inline constexpr Reason TaskChanged{409, "任务已被他人修改，请核对后再保存"};
 inline constexpr Reason TaskIdTaken{409, "任务编号已被使用"};
 inline constexpr Reason TaskIdAmbiguous{409, "任务编号在多个部门中重复"};
 inline constexpr Reason TaskPublished{409, "已发布的任务暂不支持编辑"};

@@ -260,8 +260,8 @@ void View::clickEdit() {
 void inDialog(const QString& title, const std::function<void()>& open, const std::function<void(View&)>& steps) {
     inModal(title, open, [&] {
         QQuickView* view = findView(title);
-        if (!view)
-            return false;
+        if (!view || qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+            return false;  // a message is answered first
         expectKeyboardIn(view);
         const QPointer<QWidget> dialog = QApplication::activeModalWidget();
         View page(view);

@@ -66,6 +66,10 @@ QJsonObject ServiceProbe::task(const QString& id) {
     return get("/rs/disclosure/task/query_disclosure_task_by_id/" + id).toObject();
 }
 
+void ServiceProbe::rename(const QString& taskId, const QString& name) {
+    request("POST", "/rs/disclosure/task/update", QJsonDocument({{"id", taskId}, {"name", name}}).toJson());
+}
+
 QJsonObject ServiceProbe::pushConfig() {
     return get("/rs/disclosure/task/query_push_config?deptId=" + m_deptId).toObject();
 }

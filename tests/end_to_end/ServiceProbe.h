@@ -20,6 +20,7 @@ public:
     int count(const QString& catalog) { return tasks(catalog).value("totalCount").toInt(); }
     /// Empty when there is no such task.
     QJsonObject task(const QString& id);
+    void rename(const QString& taskId, const QString& name);
     /// The bytes of a stored file.
     QByteArray file(const QString& uuid);
     /// The reminder settings.

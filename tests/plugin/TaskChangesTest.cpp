@@ -140,9 +140,9 @@ TEST_F(TaskChangesTest, TheVersionTravelsWithTheUpdateOnly) {
         EXPECT_EQ(request.header("X-Task-Version"), "1700000000456");
         EXPECT_EQ(request.header("Cookie"), "JSESSIONID=session-1");
     }
-    answer(RawHttpServer::json(R"({"code":409,"success":false,"msg":"任务已被他人修改，请刷新后重试"})"));
+    answer(RawHttpServer::json(R"({"code":409,"success":false,"msg":"任务已被他人修改，请核对后再保存"})"));
     EXPECT_FALSE(manager.UpdateTask(task) || manager.SaveTask(task));
-    const auto refusal = Pair(409, L"任务已被他人修改，请刷新后重试");
+    const auto refusal = Pair(409, L"任务已被他人修改，请核对后再保存");
     EXPECT_THAT(host.rest.reported, ElementsAre(refusal, refusal));
 
     answer(kDone);

@@ -169,7 +169,7 @@ TEST_F(TaskRules, ANewerVersionIsNotOverwritten) {
     const Answer late = updateSeen("三", std::to_string(seen));
     EXPECT_EQ(late.status, 200);
     EXPECT_EQ(late.code(), 409);
-    EXPECT_EQ(late.msg(), "任务已被他人修改，请刷新后重试");
+    EXPECT_EQ(late.msg(), "任务已被他人修改，请核对后再保存");
     EXPECT_EQ(updateSeen("二", std::to_string(seen)).code(), 200) << "the first one again";
     EXPECT_EQ(updateSeen("四", "7x").status, 400);
     EXPECT_EQ(task("t", "name"), "二");
