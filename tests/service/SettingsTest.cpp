@@ -55,6 +55,7 @@ const std::vector<Row>& rows() {
         {"files.quota_megabytes", "7", "7", SEEN(quotaMegabytes)},
         {"files.keep_hours", "7", "7", SEEN(keepHours)},
         {"files.aside_days", "7", "7", SEEN(asideDays)},
+        {"files.deleted_days", "7", "7", SEEN(deletedDays)},
         {"files.uploads", "7", "7", SEEN(dispatcher.uploads)},
         {"files.uploads_of_one", "7", "7", SEEN(dispatcher.uploadsOfOne)},
         {"files.downloads", "7", "7", SEEN(dispatcher.downloads)},
