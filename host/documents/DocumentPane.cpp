@@ -33,7 +33,7 @@ namespace {
 enum Column { NameColumn, TypeColumn, WeaveColumn, UpdaterColumn, TagColumn, SizeColumn, VersionColumn, Columns };
 
 constexpr int kPageSize = 30;
-constexpr int kTreeWidth = 240;
+constexpr int kTreeWidth = 260;
 constexpr int kLookAgainMs = 50;
 constexpr int kSettleMs = 120;
 
@@ -155,14 +155,15 @@ DocumentPane::DocumentPane(DocumentStore& store, CDocOperMgr& opener, const BASE
 void DocumentPane::createActions() {
     for (QToolBar* bar : {m_bar, m_folderBar}) {
         bar->setContextMenuPolicy(Qt::PreventContextMenu);
-        bar->setStyleSheet("QToolBar QToolButton { padding: 5px 9px; }");
+        bar->setStyleSheet("QToolBar { padding: 6px; spacing: 2px; } QToolBar QToolButton { padding: 6px 8px; }");
     }
     for (const Spec& spec : kSpecs) {
         const bool isOfFolders = spec.place == Spec::Folders;
         QToolBar* bar = isOfFolders ? m_folderBar : m_bar;
         auto* action = bar->addAction(tr(spec.text), this, [this, &spec] { spec.run(*this); });
         action->setObjectName(spec.name);
-        action->setShortcut(QKeySequence(spec.keys));
+        action->setShortcuts(spec.keys == QLatin1String("Return") ? QList<QKeySequence>{Qt::Key_Return, Qt::Key_Enter}
+                                                                  : QList<QKeySequence>{QKeySequence(spec.keys)});
         action->setShortcutContext(Qt::WidgetShortcut);
         (isOfFolders ? m_tree : m_table)->addAction(action);
         bar->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
@@ -176,6 +177,7 @@ QWidget* DocumentPane::createFolders() {
     m_tree->setUniformRowHeights(true);
     connect(m_tree, &QTreeWidget::currentItemChanged, &m_settle, qOverload<>(&QTimer::start));
     auto* side = new QWidget;
+    side->setMinimumWidth(kTreeWidth);
     auto* layout = new QVBoxLayout(side);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -279,7 +281,8 @@ QWidget* DocumentPane::createPaging() {
     add(tr("下一页"), [this] { return m_pageNumber + 1; });
     add(tr("末页"), last);
     m_turns->setStyleSheet("QToolBar { border: none; }");
-    auto* row = new QWidget;
+    auto* row = new QFrame;
+    row->setStyleSheet("QFrame { background: white; }");
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(10, 0, 10, 0);
     layout->addWidget(m_said, 1);
@@ -506,7 +509,9 @@ void DocumentPane::updateActions() {
     for (const Offer& offer : m_offers) {
         const QString reason = reasonAgainst(*offer.spec);
         offer.action->setEnabled(reason.isEmpty());
-        offer.action->setToolTip(reason.isEmpty() ? QString("%1（%2）").arg(tr(offer.spec->text), offer.spec->keys)
+        offer.action->setToolTip(reason.isEmpty() ? QString("%1（%2）")
+                                                        .arg(tr(offer.spec->text), offer.action->shortcut().toString(
+                                                                                       QKeySequence::NativeText))
                                                   : reason);
     }
     const int last = std::max(1, (m_page.total + kPageSize - 1) / kPageSize);

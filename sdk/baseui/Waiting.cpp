@@ -74,6 +74,7 @@ private:
         };
         m_isShown = true;
         m_isOwn = !m_dialog->GetWindow();
+        step();  // known before it is painted for the first time
         if (m_isOwn)
             m_dialog->ShowProgressDialog(text("处理状态"), text("正在等待服务应答，请稍后..."));
     }
