@@ -24,7 +24,9 @@ std::optional<DecodedText> decodeText(const QByteArray& bytes) {
         return std::nullopt;
     if (DecodedText decoded = decode(bytes, "UTF-8"); decoded.isWhole)
         return decoded;
-    return decode(bytes, "GB18030");
+    DecodedText decoded = decode(bytes, "GB18030");
+    decoded.isWhole = decoded.isWhole && !decoded.text.contains(QChar::ReplacementCharacter);  // it counts none
+    return decoded;
 }
 
 }  // namespace workbench

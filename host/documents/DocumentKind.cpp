@@ -21,7 +21,7 @@ constexpr KindOfExtensions kKinds[] = {
     {DocumentKind::Pdf, "pdf"},
     {DocumentKind::Outside,
      "doc docx odt rtf wps xls xlsx ods et ppt pptx odp dps dwg dxf dwf ifc rvt skp rfa vsd vsdx "
-     "mpp mp3 wav mp4 avi mov mkv wmv m4v zip rar 7z"},
+     "mpp mp3 wav mp4 avi mov mkv wmv webm m4v zip rar 7z"},
 };
 
 QString extensionOf(const QString& name) {

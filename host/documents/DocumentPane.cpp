@@ -33,7 +33,7 @@ namespace {
 enum Column { NameColumn, TypeColumn, WeaveColumn, UpdaterColumn, TagColumn, SizeColumn, VersionColumn, Columns };
 
 constexpr int kPageSize = 30;
-constexpr int kTreeWidth = 260;
+constexpr int kTreeWidth = 280;
 constexpr int kLookAgainMs = 50;
 constexpr int kSettleMs = 120;
 
@@ -139,6 +139,7 @@ DocumentPane::DocumentPane(DocumentStore& store, CDocOperMgr& opener, const BASE
         tree->setDragEnabled(true);
         tree->setAcceptDrops(true);
         tree->setDropIndicatorShown(true);
+        tree->setDragDropOverwriteMode(true);  // onto rows, not between them
         tree->setStyleSheet(look::kRoomyRows);
         tree->mayDrop = [this, tree](const QDropEvent& event, const QString& id) { return mayDrop(*tree, event, id); };
         connect(tree, &QWidget::customContextMenuRequested, this,
@@ -172,6 +173,7 @@ void DocumentPane::createActions() {
 }
 
 QWidget* DocumentPane::createFolders() {
+    m_tree->setObjectName("folders");
     m_tree->setHeaderHidden(true);
     m_tree->setAccessibleName(tr("文件夹"));
     m_tree->setUniformRowHeights(true);
@@ -222,6 +224,7 @@ QWidget* DocumentPane::createFilters() {
 }
 
 QWidget* DocumentPane::createList() {
+    m_table->setObjectName("documents");
     m_table->setColumnCount(Columns);
     m_table->setHeaderLabels(
         {tr("名称"), tr("类型"), tr("编制时间"), tr("更新人"), tr("标签"), tr("大小"), tr("版本")});
@@ -438,6 +441,7 @@ void DocumentPane::readPage(int page) {
 }
 
 void DocumentPane::showPage(const DocumentPage& page) {
+    const int place = m_table->indexOfTopLevelItem(m_table->currentItem());
     QStringList selected;
     for (const QTreeWidgetItem* row : m_table->selectedItems())
         selected << DropTree::idOf(row);
@@ -462,6 +466,9 @@ void DocumentPane::showPage(const DocumentPage& page) {
                         QDateTime::fromMSecsSinceEpoch(document.updateMills).toString("yyyy-MM-dd HH:mm"));
         row->setSelected(selected.contains(document.id));
     }
+    if (const int rows = m_table->topLevelItemCount(); rows > 0)  // the keyboard goes on from where it was
+        m_table->setCurrentItem(m_table->topLevelItem(std::clamp(place, 0, rows - 1)), 0,
+                                QItemSelectionModel::NoUpdate);
     m_isFailed = false;
     showState(!m_page.documents.empty() ? QString()
               : hasFilter()             ? tr("没有符合条件的资料")

@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include <QInputDialog>
+#include <QLineEdit>
 #include <QPdfPageNavigation>
 #include <QPdfView>
+#include <QScrollBar>
 #include <QVBoxLayout>
+
+#include "host/documents/FormDialog.h"
 
 namespace workbench {
 namespace {
@@ -51,16 +54,14 @@ QString PdfView::open(const QString& path) {
 }
 
 bool PdfView::unlock(const QString& path) {
-    QString label = tr("PDF 已加密，请输入密码：");
-    do {
-        bool isGiven = false;
-        const QString password = QInputDialog::getText(window(), tr("密码"), label, QLineEdit::Password, {}, &isGiven);
-        if (!isGiven)
-            return false;
-        m_document->setPassword(password);
-        label = tr("密码不正确，请重新输入：");
-    } while (m_document->load(path) == QPdfDocument::IncorrectPasswordError);
-    return true;
+    auto* password = new QLineEdit;
+    password->setEchoMode(QLineEdit::Password);
+    const auto open = [this, password, path] {
+        m_document->setPassword(password->text());
+        return m_document->load(path) == QPdfDocument::IncorrectPasswordError ? tr("密码不正确，请重新输入")
+                                                                              : QString();
+    };
+    return FormDialog(tr("密码"), tr("PDF 已加密，请输入密码"), password, open, window()).exec() == QDialog::Accepted;
 }
 
 void PdfView::measure() {
@@ -80,8 +81,17 @@ double PdfView::largestZoom() const {
 void PdfView::zoomBy(double factor) {
     const double fitted = m_view->viewport()->width() / (m_largest.width() * logicalDpiX());
     const double now = m_view->zoomMode() == QPdfView::CustomZoom ? m_view->zoomFactor() : fitted;
+    const double wanted = std::min(std::max(now * factor, kSmallestZoom), largestZoom());
+    struct Place {
+        QScrollBar* bar;
+        double middle;  // of what is seen, at the zoom of before
+    } places[] = {{m_view->horizontalScrollBar(), 0}, {m_view->verticalScrollBar(), 0}};
+    for (Place& place : places)
+        place.middle = place.bar->value() + place.bar->pageStep() / 2.0;
     m_view->setZoomMode(QPdfView::CustomZoom);
-    m_view->setZoomFactor(std::min(std::max(now * factor, kSmallestZoom), largestZoom()));
+    m_view->setZoomFactor(wanted);
+    for (const Place& place : places)
+        place.bar->setValue(static_cast<int>(place.middle * wanted / now - place.bar->pageStep() / 2.0));
 }
 
 void PdfView::fit() {

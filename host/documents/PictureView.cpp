@@ -29,7 +29,6 @@ bool isPixels(const QByteArray& format) {
 PictureView::PictureView(QWidget* parent) : DocumentView(parent), m_view(new QGraphicsView) {
     m_view->setScene(new QGraphicsScene(m_view));
     m_view->setDragMode(QGraphicsView::ScrollHandDrag);
-    m_view->setTransformationAnchor(QGraphicsView::AnchorUnderMouse);
     m_view->setFrameShape(QFrame::NoFrame);
     m_view->setAccessibleName(tr("图片"));
     m_view->viewport()->installEventFilter(this);
@@ -83,7 +82,9 @@ void PictureView::resizeEvent(QResizeEvent* event) {
 bool PictureView::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::Wheel)
         return DocumentView::eventFilter(watched, event);
+    m_view->setTransformationAnchor(QGraphicsView::AnchorUnderMouse);
     zoomBy(static_cast<QWheelEvent*>(event)->angleDelta().y() > 0 ? kWheelStep : 1 / kWheelStep);
+    m_view->setTransformationAnchor(QGraphicsView::AnchorViewCenter);
     return true;
 }
 

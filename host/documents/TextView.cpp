@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kLongestLine = 4096;  // longer ones take the text field seconds
 constexpr double kSmallest = 6;
+constexpr double kMargin = 12;
 constexpr double kBiggest = 60;
 
 /// The text with its overlong lines broken; whether there were any.
@@ -42,6 +43,7 @@ TextView::TextView(QWidget* parent) : DocumentView(parent), m_text(new QPlainTex
     m_text->setReadOnly(true);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_text->setFrameShape(QFrame::NoFrame);
+    m_text->document()->setDocumentMargin(kMargin);
     m_text->setAccessibleName(tr("内容"));
     m_usualSize = m_text->font().pointSizeF();
     auto* layout = new QVBoxLayout(this);

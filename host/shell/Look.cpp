@@ -19,7 +19,8 @@ QToolBar { background: white; border: none; border-bottom: 1px solid #dcdfe4; pa
 QToolBar QToolButton { padding: 6px 14px; border-radius: 4px; }
 QToolBar QToolButton:hover, QToolBar QToolButton:focus { background: #e8f0fb; }
 QToolBar QToolButton:pressed { background: #d3e3f8; }
-QToolBar QToolButton:checked { background: #e8f0fb; }
+QToolBar QToolButton:checked { background: #d3e3f8; }
+QToolBar QToolButton:disabled { color: #767676; }
 QToolBar QToolButton::menu-indicator { image: none; }
 QMenu { background: white; border: 1px solid #dcdfe4; padding: 4px; }
 QMenu::item { padding: 6px 24px; border-radius: 4px; }
