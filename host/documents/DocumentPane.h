@@ -11,15 +11,12 @@
 #include "sdk/packages/IServiceStateMgr.h"
 
 class QAction;
-class QCheckBox;
-class QComboBox;
-class QLabel;
-class QLineEdit;
-class QPushButton;
 class QToolBar;
 
 namespace workbench {
 
+class DocumentFilters;
+class DocumentList;
 class DropTree;
 
 /// The document store of the open project: its folders, a page of a folder's documents, and all that can be done with
@@ -50,9 +47,7 @@ private:
     };
 
     QWidget* createFolders();
-    QWidget* createFilters();
-    QWidget* createList();
-    QWidget* createPaging();
+    QWidget* createDocuments();
     void createActions();
     void showMenu(QWidget& widget, const QPoint& place);
     bool mayDrop(const DropTree& tree, const QDropEvent& event, const QString& id) const;
@@ -62,19 +57,15 @@ private:
     bool readFolders();
     bool readFilters();
     void readPage(int page);
-    void showPage(const DocumentPage& page);
-    /// In place of rows; an empty text takes it away.
-    void showState(const QString& text, bool mayRetry = false);
-    void say(const QString& text);
+    void showState(const QString& text);
+    /// Says why in place of the rows.
+    void fail(const QString& why);
     void updateActions();
     /// Empty where the user may do it now.
     QString reasonAgainst(const Spec& spec) const;
 
     QString folderId() const;
     const DocumentFolder* folder() const;
-    std::vector<Document> chosen() const;
-    bool isTrash() const;
-    bool hasFilter() const;
     template <class Command>
     void run(Command command);
 
@@ -82,10 +73,8 @@ private:
     const BASEPACKAGE::IAuthInfoMgr& m_rights;
     DocumentCommands m_commands;
     std::vector<DocumentFolder> m_folders;
-    DocumentPage m_page;  // one document for each row
     std::vector<DocumentType> m_types;
     QStringList m_tagNames;
-    int m_pageNumber = 1;
     bool m_mayEdit = false;
     bool m_mayDelete = false;
     bool m_isFailed = false;
@@ -94,16 +83,9 @@ private:
     QTimer m_settle;       // until the folder that was gone to is the one that is meant
 
     DropTree* m_tree;
-    DropTree* m_table;
-    QLineEdit* m_search;
-    QComboBox* m_type;
-    QComboBox* m_tag;
-    QCheckBox* m_trash;
-    QLabel* m_state;
-    QPushButton* m_retry;
-    QLabel* m_said;
-    QLabel* m_count;
-    QToolBar* m_turns;  // first, previous, next, last
+    DocumentList* m_list;
+    DropTree* m_table;  // its rows
+    DocumentFilters* m_filters;
     QToolBar* m_folderBar;
     QToolBar* m_bar;
     std::vector<Offer> m_offers;
