@@ -7,7 +7,6 @@
 #include <QPointer>
 #include <QTimer>
 
-#include "host/log/Messages.h"
 #include "host/platform/Exchange.h"
 #include "host/platform/FileTransfer.h"
 #include "host/platform/RunIn.h"
@@ -216,10 +215,9 @@ Answer PlatformClient::judge(const Exchange& exchange) const {
     if (status != 200 || exchange.isHtml || !wrapper["code"].isDouble())
         return failure(Outcome::Malformed, status);
     if (const int code = wrapper["code"].toInt(); code != 200) {
-        Answer refusal = failure(Outcome::Refused, status, message);
+        Answer refusal =
+            failure(Outcome::Refused, status, message.isEmpty() ? tr("服务返回错误 %1").arg(code) : message);
         refusal.result = wrapper["result"];
-        if (message.isEmpty())
-            qCWarning(messages).noquote() << refusal.text << code;
         return refusal;
     }
 
@@ -245,7 +243,7 @@ Answer PlatformClient::failure(Outcome outcome, int status, const QString& text)
             answer.text = tr("登录已失效，请重新登录");
             break;
         case Outcome::Refused:
-            answer.text = tr("服务返回错误");
+            answer.text = tr("服务返回错误 %1").arg(status);
             break;
         case Outcome::Unreachable:
             answer.text = tr("无法连接到服务 %1").arg(m_address);

@@ -361,7 +361,7 @@ TEST_F(OpenedDocument, CanBeUsedOverTheModalWindowThatItWasOpenedFromAndGoesWith
     EXPECT_EQ(window()->parentWidget(), opened.get());
     EXPECT_FALSE(window()->isModal());
     EXPECT_EQ(QApplication::activeModalWidget(), opened.get());
-    QTest::keyClick(window()->windowHandle(), Qt::Key_Escape);
+    QTest::keyPress(window()->windowHandle(), Qt::Key_Escape);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(window(), nullptr) << "it took the key";
     ASSERT_TRUE(open("交底", "说明.txt"));
