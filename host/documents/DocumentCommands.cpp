@@ -146,7 +146,7 @@ bool DocumentCommands::upload(const QStringList& paths, const QString& folderId)
     if (stored > 0)
         words << tr("已上传 %1 个文件").arg(stored);
     if (isCancelled)
-        words << tr("其余 %1 个已取消").arg(paths.size() - stored - failures.size());
+        words << tr("%1 个文件已取消").arg(paths.size() - stored - failures.size());
     if (!failures.isEmpty()) {
         words << tr("%1 个文件没有上传").arg(failures.size());
         const QString rest = failures.size() > kMostNamed ? "\n…" : QString();

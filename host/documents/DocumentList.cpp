@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -19,6 +20,8 @@ namespace workbench {
 namespace {
 
 enum Column { NameColumn, TypeColumn, WeaveColumn, UpdaterColumn, TagColumn, SizeColumn, VersionColumn, Columns };
+
+constexpr int kNameWidth = 220;
 
 }  // namespace
 
@@ -44,7 +47,6 @@ void DocumentList::createTable() {
         {tr("名称"), tr("类型"), tr("编制时间"), tr("更新人"), tr("标签"), tr("大小"), tr("版本")});
     m_table->header()->setStretchLastSection(false);
     m_table->header()->setSectionResizeMode(QHeaderView::Interactive);
-    m_table->header()->setSectionResizeMode(NameColumn, QHeaderView::Stretch);
     for (const auto& [column, width] : {std::pair<int, int>{TypeColumn, 90},
                                         {WeaveColumn, 110},
                                         {UpdaterColumn, 110},
@@ -92,6 +94,15 @@ QWidget* DocumentList::createPaging() {
     layout->addWidget(m_count);
     layout->addWidget(m_turns);
     return row;
+}
+
+void DocumentList::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    // A stretched column would shrink to nothing where there is little room.
+    int rest = m_table->width() - m_table->verticalScrollBar()->sizeHint().width();
+    for (int column = NameColumn + 1; column < Columns; ++column)
+        rest -= m_table->columnWidth(column);
+    m_table->setColumnWidth(NameColumn, std::max(kNameWidth, rest));
 }
 
 int DocumentList::lastPage(int total) {

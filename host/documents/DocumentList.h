@@ -43,6 +43,9 @@ signals:
     void openWanted();
     void choiceChanged();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void createTable();
     QWidget* createPaging();

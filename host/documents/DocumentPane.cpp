@@ -138,7 +138,9 @@ DocumentPane::DocumentPane(DocumentStore& store, CDocOperMgr& opener, const BASE
 void DocumentPane::createActions() {
     for (QToolBar* bar : {m_bar, m_folderBar}) {
         bar->setContextMenuPolicy(Qt::PreventContextMenu);
-        bar->setStyleSheet("QToolBar { padding: 6px; spacing: 2px; } QToolBar QToolButton { padding: 6px 8px; }");
+        bar->setStyleSheet(
+            "QToolBar { padding: 6px; spacing: 2px; } QToolBar QToolButton { padding: 6px 8px; }"
+            "QToolBar QToolButton#qt_toolbar_ext_button { padding: 0; min-width: 20px; }");
     }
     for (const Spec& spec : kSpecs) {
         const bool isOfFolders = spec.place == Spec::Folders;
