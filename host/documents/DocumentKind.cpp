@@ -58,13 +58,8 @@ QString safeFileName(const QString& name) {
 }
 
 bool isProgram(const QByteArray& beginning) {
-    static const QByteArray kBeginnings[] = {"MZ",
-                                             "\x7f"
-                                             "ELF",
-                                             "#!",
-                                             "[Desktop Entry]",
-                                             "\xcf\xfa\xed\xfe",
-                                             "\xca\xfe\xba\xbe"};
+    static const QByteArray kBeginnings[] = {
+        "MZ", "\177ELF", "#!", "[Desktop Entry]", "\xcf\xfa\xed\xfe", "\xca\xfe\xba\xbe"};
     return std::any_of(std::begin(kBeginnings), std::end(kBeginnings),
                        [&](const QByteArray& known) { return beginning.startsWith(known); });
 }

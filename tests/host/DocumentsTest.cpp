@@ -327,10 +327,7 @@ TEST_F(OpenedDocument, IsShownAsWhatItIsOrSaysWhyNot) {
         {"图片.pdf", png({4, 3}), false, "不是 PDF"},
         {"表.xlsx", "PK\3\4", true, "已交给系统"},
         {"图.dwg", "AC1027", false, "没有能打开"},
-        {"程序.docx",
-         "\x7f"
-         "ELF...",
-         false, "可执行程序"},
+        {"程序.docx", "\177ELF...", false, "可执行程序"},
         {"未知.xyz", "abc", false, "不能直接打开"},
         {"脚本.sh", "echo", false, "不能直接打开"},
     };
