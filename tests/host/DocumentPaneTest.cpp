@@ -1,17 +1,9 @@
-#include <gtest/gtest.h>
-
 #include <QAction>
-#include <QApplication>
 #include <QCheckBox>
 #include <QJsonDocument>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <QUrl>
-#include <QtTest/QTest>
 
 #include "host/documents/DocumentPane.h"
 #include "host/documents/FolderTree.h"
@@ -21,7 +13,6 @@
 #include "host/platform/SessionKeeper.h"
 #include "sdk/basetools/AuthCodeTool.h"
 #include "sdk/baseui/FileDialog.h"
-#include "sdk/baseui/MessageBox.h"
 #include "tests/host/Windows.h"
 
 namespace {

@@ -1,5 +1,4 @@
 #include <csignal>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 
 #include <QApplication>
