@@ -1,7 +1,7 @@
 # Every library the project uses, once; README.md says why each is there.
 find_package(Threads REQUIRED)
 find_package(PkgConfig REQUIRED)
-find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Network Qml Quick QuickWidgets Test)
+find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Network Pdf PdfWidgets Qml Quick QuickWidgets Test)
 find_package(Boost 1.67 REQUIRED COMPONENTS system)
 find_package(cpprestsdk REQUIRED)
 find_package(OpenSSL REQUIRED)

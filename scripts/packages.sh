@@ -5,7 +5,7 @@ cd "$(dirname "$0")/.."
 
 build=(
     build-essential cmake ninja-build ccache pkg-config git
-    qtbase5-dev qtdeclarative5-dev
+    qtbase5-dev qtdeclarative5-dev qtpdf5-dev
     libboost-dev libboost-system-dev libcpprest-dev libssl-dev
     libsoci-dev libsqlite3-dev rapidjson-dev libsodium-dev libspdlog-dev libcli11-dev libtomlplusplus-dev
     libgtest-dev libgmock-dev libbenchmark-dev libyaml-cpp-dev

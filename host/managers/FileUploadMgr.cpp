@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QScopedValueRollback>
 
+#include "host/platform/SendFile.h"
 #include "sdk/basecore/ManagerNames.h"
 
 namespace workbench {
@@ -56,21 +57,11 @@ QString CFileUploadMgr::upload(const BASEPACKAGE::UploadRequest& request, BASEPA
     const std::wstring name = request.name.empty() ? file.fileName().toStdWString() : request.name;
 
     const ProgressDialog::Scope shown(m_progress, tr("正在上传文件，请稍后..."), owner);
-    const Answer answer = m_client.upload("/rs/platform/files", queryOf({{"deptId", deptId}, {"name", name}}),
-                                          {file.filePath(), patience});
+    const Answer answer = sendFile(m_client, deptId, name, {file.filePath(), patience});
     if (!answer.ok())
         return answer.text;
-
-    const QJsonObject stored = answer.result.toObject();
-    const QString uuid = stored["uuid"].toString();
-    if (uuid.isEmpty() || stored["md5"].toString() != answer.md5 ||
-        stored["size"].toDouble(-1) != static_cast<double>(answer.size)) {
-        if (!uuid.isEmpty())
-            m_client.post("/rs/platform/files/delete", {{"deptId", QString::fromStdWString(deptId)}, {"uuid", uuid}});
-        return tr("文件校验失败，请重新上传");
-    }
     result.size = static_cast<int32_t>(answer.size);
-    result.uuid = uuid.toStdWString();
+    result.uuid = answer.result.toObject()["uuid"].toString().toStdWString();
     result.md5 = answer.md5.toStdWString();
     return {};
 }

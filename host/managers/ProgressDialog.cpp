@@ -30,6 +30,7 @@ namespace {
 constexpr int kLongestWaitMs = 300;
 constexpr QSize kTextSize(320, 40);
 constexpr int kSteps = 1000;
+constexpr int kUpperPart = 6;
 constexpr qint64 kSecond = 1000;
 constexpr double kMiB = 1024.0 * 1024.0;
 constexpr auto kNoTimers = QEventLoop::X11ExcludeTimers;
@@ -45,6 +46,16 @@ void paintNow(QWidget& widget) {
     }
     widget.repaint();
     QCoreApplication::processEvents(kWhat);
+}
+
+/// In the upper part of its owner, whose middle says what is being read.
+void place(QWidget& dialog) {
+    const QWidget* owner = dialog.parentWidget();
+    if (!owner)
+        return;
+    const QRect room = owner->window()->geometry();
+    const QSize size = dialog.sizeHint();
+    dialog.move(room.center().x() - size.width() / 2, room.top() + room.height() / kUpperPart);
 }
 
 }  // namespace
@@ -92,10 +103,15 @@ void ProgressDialog::show(const QString& title, const QString& text, QWidget* ow
         layout->addWidget(m_details);
         m_dialog->setFocusPolicy(Qt::StrongFocus);
         m_dialog->setFocus();
-        EndWaiting();
+        if (m_waiting.isValid())
+            ShowWaiting(m_mayCancel, 0, 0);
+        else
+            EndWaiting();
     }
     m_dialog->setWindowTitle(title);
     m_text->setText(text);
+    if (!m_dialog->isVisible())
+        place(*m_dialog);
     m_dialog->show();
     paintNow(*m_dialog);
 }
@@ -105,10 +121,11 @@ QWidget* ProgressDialog::GetWindow() const {
 }
 
 bool ProgressDialog::ShowWaiting(bool canCancel, int64_t done, int64_t total) {
-    if (!m_dialog)
-        return true;
+    m_mayCancel = canCancel;
     if (!m_waiting.isValid())
         m_waiting.start();
+    if (!m_dialog)
+        return true;
     m_dialog->canCancel = canCancel;
     m_cancel->setVisible(canCancel);
     m_details->show();

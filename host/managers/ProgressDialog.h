@@ -54,7 +54,8 @@ private:
     QWidget* m_details = nullptr;
     QLabel* m_amount = nullptr;
     QPushButton* m_cancel = nullptr;
-    QElapsedTimer m_waiting;  // since the first look at the present wait
+    QElapsedTimer m_waiting;   // since the first look at the present wait
+    bool m_mayCancel = false;  // the present wait
 };
 
 }  // namespace workbench

@@ -62,7 +62,8 @@ void CRestServWebMgr::EndSession(const std::wstring& serviceKey) {
 
 void CRestServWebMgr::ReportStatus(int code, const std::wstring& text) {
     const QString shown = text.empty() ? tr("服务返回错误") : QString::fromStdWString(text);
-    showLater(tr("%1（%2）").arg(shown).arg(code));
+    qCWarning(messages).noquote() << shown << code;  // the number helps whoever reads the log, not the user
+    showLater(shown);
 }
 
 void CRestServWebMgr::showLater(const QString& text) {

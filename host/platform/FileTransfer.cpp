@@ -277,7 +277,7 @@ void FileDownload::onFinished() {
         if (exchange().moved != exchange().total || m_reply->rawHeader("ETag") != '"' + hash().result().toHex() + '"')
             return fail(tr("下载的文件校验失败，请重试"));
         if (!m_target.commit())
-            return fail(tr("无法写入文件 %1").arg(QDir::toNativeSeparators(m_target.fileName())));
+            return fail(tr("无法写入文件 %1，磁盘空间可能不足").arg(QDir::toNativeSeparators(m_target.fileName())));
         exchange().hasFile = true;
     }
     finish();

@@ -26,15 +26,11 @@ std::optional<MessagePage> readPage(const QJsonValue& value) {
     MessagePage page;
     page.totalCount = reader.number("totalCount");
     page.unreadCount = reader.number("unreadCount");
-    const QJsonValue list = value.toObject()["result"];
-    bool good = list.isArray();
-    for (const QJsonValue& item : list.toArray()) {
-        std::optional<Message> message = readMessage(item);
-        good = good && message;
-        if (message)
-            page.messages.push_back(std::move(*message));
-    }
-    return good ? reader.result(std::move(page)) : std::nullopt;
+    auto messages = readList(value.toObject()["result"], readMessage);
+    if (!messages)
+        return std::nullopt;
+    page.messages = std::move(*messages);
+    return reader.result(std::move(page));
 }
 
 }  // namespace

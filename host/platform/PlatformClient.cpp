@@ -214,9 +214,12 @@ Answer PlatformClient::judge(const Exchange& exchange) const {
         return failure(Outcome::Refused, status, message);
     if (status != 200 || exchange.isHtml || !wrapper["code"].isDouble())
         return failure(Outcome::Malformed, status);
-    const int code = wrapper["code"].toInt();
-    if (code != 200)
-        return failure(Outcome::Refused, status, message.isEmpty() ? tr("服务返回错误 %1").arg(code) : message);
+    if (const int code = wrapper["code"].toInt(); code != 200) {
+        Answer refusal =
+            failure(Outcome::Refused, status, message.isEmpty() ? tr("服务返回错误 %1").arg(code) : message);
+        refusal.result = wrapper["result"];
+        return refusal;
+    }
 
     Answer answer;
     answer.outcome = Outcome::Ok;

@@ -31,9 +31,9 @@ enum class Outcome { Ok, SessionExpired, Refused, Unreachable, TimedOut, Malform
 /// What a request to the service came to.
 struct Answer {
     Outcome outcome = Outcome::Malformed;
-    int status = 0;  // HTTP; 0 when nothing was answered
-    QString text;    // why it is not Ok, for the user
-    QJsonValue result;
+    int status = 0;         // HTTP; 0 when nothing was answered
+    QString text;           // why it is not Ok, for the user
+    QJsonValue result;      // of a refusal, too
     std::string sessionId;  // set by a login
     QString md5 = {};       // of the file that was sent, in hexadecimal
     qint64 size = 0;        // its bytes

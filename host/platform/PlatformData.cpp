@@ -1,7 +1,5 @@
 #include "host/platform/PlatformData.h"
 
-#include <QJsonArray>
-
 #include "host/log/Messages.h"
 #include "host/platform/PlatformClient.h"
 #include "host/platform/Reader.h"
@@ -51,23 +49,16 @@ std::optional<UserRecord> readUser(const QJsonValue& value) {
     return reader.result(std::move(user));
 }
 
-template <class Record, class Read>
-std::optional<std::vector<Record>> PlatformData::list(const QString& path, const std::wstring* deptId, Read read) {
+template <class Record>
+std::optional<std::vector<Record>> PlatformData::list(const QString& path, const std::wstring* deptId,
+                                                      std::optional<Record> (*read)(const QJsonValue& value)) {
     Answer answer = m_client.get(path, deptId ? queryOf({{"deptId", *deptId}}) : QUrlQuery());
-    std::vector<Record> records;
-    bool good = answer.result.isArray();
-    for (const QJsonValue& value : answer.result.toArray()) {
-        std::optional<Record> record = read(value);
-        good = good && record;
-        if (record)
-            records.push_back(std::move(*record));
-    }
-    if (answer.ok() && !good)
+    auto records = answer.ok() ? readList(answer.result, read) : std::nullopt;
+    if (answer.ok() && !records)
         answer = m_client.failure(Outcome::Malformed, answer.status);
-    if (answer.ok())
-        return records;
-    qCWarning(messages).noquote() << path << answer.text;
-    return std::nullopt;
+    if (!answer.ok())
+        qCWarning(messages).noquote() << path << answer.text;
+    return records;
 }
 
 std::optional<std::vector<ProjectRecord>> PlatformData::projects() {

@@ -28,8 +28,9 @@ public:
     std::optional<std::vector<std::wstring>> rights(const std::wstring& deptId);
 
 private:
-    template <class Record, class Read>
-    std::optional<std::vector<Record>> list(const QString& path, const std::wstring* deptId, Read read);
+    template <class Record>
+    std::optional<std::vector<Record>> list(const QString& path, const std::wstring* deptId,
+                                            std::optional<Record> (*read)(const QJsonValue& value));
 
     PlatformClient& m_client;
 };

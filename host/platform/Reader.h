@@ -6,7 +6,9 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QJsonValue>
 
@@ -57,5 +59,22 @@ private:
     QJsonObject m_object;
     bool m_good;
 };
+
+/// The records of a list, each made by `read`; nothing when it is none or one of them is malformed, because half a list
+/// would pass for the whole one.
+template <class Record>
+std::optional<std::vector<Record>> readList(const QJsonValue& value,
+                                            std::optional<Record> (*read)(const QJsonValue& value)) {
+    if (!value.isArray())
+        return std::nullopt;
+    std::vector<Record> records;
+    for (const QJsonValue& item : value.toArray()) {
+        std::optional<Record> record = read(item);
+        if (!record)
+            return std::nullopt;
+        records.push_back(std::move(*record));
+    }
+    return records;
+}
 
 }  // namespace workbench

@@ -35,6 +35,7 @@ int openPipe() {
 EndSignals::EndSignals() : m_notifier(openPipe(), QSocketNotifier::Read) {
     // The byte stays in the pipe, so that whatever event loop runs next, the application's own included, ends too.
     QObject::connect(&m_notifier, &QSocketNotifier::activated, QCoreApplication::instance(), &QCoreApplication::quit);
+    std::signal(SIGXFSZ, SIG_IGN);  // a limit on the size of files is told like a full disk
     for (const int signal : kSignals)
         if (std::signal(signal, note) == SIG_IGN)
             std::signal(signal, SIG_IGN);  // nohup asked for it

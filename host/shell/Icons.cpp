@@ -54,6 +54,13 @@ QIcon command() {
     });
 }
 
+QIcon folder() {
+    return drawn([](QPainter& painter) {
+        painter.drawPolyline(
+            QPolygonF({{3.5, 6}, {9.5, 6}, {11.5, 8.5}, {20.5, 8.5}, {20.5, 19}, {3.5, 19}, {3.5, 6}}));
+    });
+}
+
 QIcon log() {
     return drawn([](QPainter& painter) {
         painter.drawPolyline(QPolygonF({{14, 3.5}, {6, 3.5}, {6, 20.5}, {18, 20.5}, {18, 7.5}, {14, 3.5}}));

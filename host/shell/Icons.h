@@ -7,6 +7,7 @@ namespace workbench::icons {
 
 QIcon bell();
 QIcon command();
+QIcon folder();
 QIcon log();
 QIcon refresh();
 QIcon user();

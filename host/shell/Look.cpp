@@ -19,12 +19,14 @@ QToolBar { background: white; border: none; border-bottom: 1px solid #dcdfe4; pa
 QToolBar QToolButton { padding: 6px 14px; border-radius: 4px; }
 QToolBar QToolButton:hover, QToolBar QToolButton:focus { background: #e8f0fb; }
 QToolBar QToolButton:pressed { background: #d3e3f8; }
-QToolBar QToolButton:checked { background: #e8f0fb; }
+QToolBar QToolButton:checked { background: #d3e3f8; }
+QToolBar QToolButton:disabled { color: #767676; }
 QToolBar QToolButton::menu-indicator { image: none; }
 QMenu { background: white; border: 1px solid #dcdfe4; padding: 4px; }
 QMenu::item { padding: 6px 24px; border-radius: 4px; }
 QMenu::item:selected { background: #e8f0fb; color: #1a1a1a; }
 QMenu::item:disabled { color: #666666; }
+QHeaderView::section { background: #eef0f3; border: none; border-right: 1px solid #dcdfe4; padding: 6px 8px; }
 QDockWidget::title { background: #eef0f3; padding: 6px 10px; }
 QStatusBar { background: white; border-top: 1px solid #dcdfe4; }
 QLineEdit { padding: 5px 8px; border: 1px solid #c8ccd2; border-radius: 4px; background: white; }

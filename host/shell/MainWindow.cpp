@@ -9,10 +9,12 @@
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QSignalBlocker>
+#include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include "host/log/Guarded.h"
 #include "host/log/Messages.h"
@@ -29,6 +31,7 @@ namespace {
 constexpr double kShareOfScreen = 0.85;
 constexpr int kLogLines = 500;
 constexpr int kNumberedCommands = 9;
+constexpr int kSettlingMs = 200;
 
 struct CommandTitle {
     const wchar_t* name;
@@ -56,6 +59,8 @@ QWidget* stretch() {
 
 MainWindow::MainWindow()
     : m_commands(new QToolBar(tr("命令"))),
+      m_pages(new QToolBar(tr("页面"))),
+      m_middle(new QStackedWidget),
       m_projects(new FlatCombo),
       m_account(new QToolButton),
       m_bell(new BellButton),
@@ -68,10 +73,12 @@ MainWindow::MainWindow()
     setWindowTitle(tr("工作台"));
     resize(QGuiApplication::primaryScreen()->availableSize() * kShareOfScreen);
 
-    m_commands->setMovable(false);
-    m_commands->setContextMenuPolicy(Qt::PreventContextMenu);
-    m_commands->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    addToolBar(m_commands);
+    for (QToolBar* bar : {m_commands, m_pages}) {
+        bar->setMovable(false);
+        bar->setContextMenuPolicy(Qt::PreventContextMenu);
+        bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        addToolBar(bar);
+    }
     auto* projectBar = new QToolBar(tr("工程"));
     projectBar->setMovable(false);
     projectBar->setContextMenuPolicy(Qt::PreventContextMenu);
@@ -94,7 +101,8 @@ MainWindow::MainWindow()
     makeReachable(m_account);
     addToolBar(projectBar);
 
-    setCentralWidget(createStartPage());
+    m_middle->addWidget(createStartPage());
+    setCentralWidget(m_middle);
     QDockWidget* log = createLogPane();
     addDockWidget(Qt::BottomDockWidgetArea, log);
     resizeDocks({log}, {height() / 3}, Qt::Vertical);
@@ -108,6 +116,14 @@ MainWindow::MainWindow()
     createStatusLine();
     connect(m_projects, qOverload<int>(&QComboBox::activated), this, &MainWindow::projectChosen);
     connect(m_bell, &BellButton::clicked, this, &MainWindow::messagesWanted);
+    m_settling.setSingleShot(true);
+    m_settling.setInterval(kSettlingMs);
+    connect(&m_settling, &QTimer::timeout, this, [this] {
+        if (!windowHandle()->isExposed())
+            return m_settling.start();
+        if (!std::exchange(m_isSettled, true))
+            emit settled();
+    });
     showProject(-1, {}, {});
 }
 
@@ -175,6 +191,28 @@ void MainWindow::addCommand(BASECORE::CMD::ICmdObject& command, const std::wstri
     }
 }
 
+void MainWindow::addPage(QWidget* page, const QIcon& icon, const QString& title, const QKeySequence& keys) {
+    m_middle->addWidget(page);
+    QAction* action = m_pages->addAction(icon, title);
+    action->setCheckable(true);
+    action->setShortcut(keys);
+    action->setToolTip(QString("%1（%2）").arg(title, keys.toString(QKeySequence::NativeText)));
+    makeReachable(m_pages->widgetForAction(action));
+    connect(action, &QAction::toggled, this,
+            [this, page](bool isWanted) { m_middle->setCurrentWidget(isWanted ? page : m_middle->widget(0)); });
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    m_settling.start();
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (m_settling.isActive())
+        m_settling.start();  // window managers take their time to enlarge a window
+}
+
 void MainWindow::makeReachable(QWidget* button) {
     button->setFocusPolicy(Qt::TabFocus);
     button->installEventFilter(this);
@@ -213,6 +251,7 @@ void MainWindow::setUser(const QString& realName) {
     m_account->menu()->actions().first()->setText(isSomebody ? tr("更换用户…") : tr("登录…"));
     m_account->menu()->actions().last()->setEnabled(isSomebody);
     m_commands->setEnabled(isSomebody);
+    m_pages->setEnabled(isSomebody);
     m_bell->setEnabled(isSomebody);
 }
 

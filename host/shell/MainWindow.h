@@ -3,6 +3,7 @@
 #include <vector>
 
 #include <QMainWindow>
+#include <QTimer>
 
 #include "sdk/packages/IProjectDataMgr.h"
 
@@ -10,6 +11,7 @@ class QComboBox;
 class QDockWidget;
 class QLabel;
 class QPlainTextEdit;
+class QStackedWidget;
 class QToolBar;
 class QToolButton;
 
@@ -32,6 +34,8 @@ public:
     /// The command, known under `name`, must live until `removeCommands` or the window's end.
     void addCommand(BASECORE::CMD::ICmdObject& command, const std::wstring& name);
     void removeCommands();
+    /// A page that the user can have in the middle instead of what is there; taken over.
+    void addPage(QWidget* page, const QIcon& icon, const QString& title, const QKeySequence& keys);
     /// Gives the keyboard to the first command, once the window is shown.
     void focusCommands();
     /// An empty name is nobody: then there is nothing to be run and nothing to be chosen.
@@ -51,6 +55,8 @@ signals:
     void projectChosen(int index);
     /// The user wants the projects to be read again.
     void projectsWanted();
+    /// Once, when the window has the size that it was shown for.
+    void settled();
     /// The user wants to see the messages.
     void messagesWanted();
     /// Somebody else wants to log in, or anybody after a logout.
@@ -59,6 +65,8 @@ signals:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     /// The button can be reached with Tab and pressed with Enter, too.
@@ -69,6 +77,8 @@ private:
     void createStatusLine();
 
     QToolBar* m_commands;
+    QToolBar* m_pages;
+    QStackedWidget* m_middle;
     QComboBox* m_projects;
     QToolButton* m_account;
     BellButton* m_bell;
@@ -78,6 +88,8 @@ private:
     QLabel* m_serviceDot;
     QLabel* m_serviceText;
     QLabel* m_user;
+    QTimer m_settling;
+    bool m_isSettled = false;
 };
 
 }  // namespace workbench

@@ -77,7 +77,7 @@ void ServiceWatch::take(const QString& address, int status, bool isGood, bool is
     else if (status == 0)
         emit told(false, tr("服务无法连接  %1").arg(address));
     else
-        emit told(false, tr("服务应答异常（%1）  %2").arg(status).arg(address));
+        emit told(false, tr("服务应答异常  %1").arg(address));
 }
 
 }  // namespace workbench

@@ -4,14 +4,19 @@
 #include <limits>
 
 #include <QDir>
-#include <QTimer>
 
+#include "host/documents/DocumentPane.h"
 #include "host/log/Guarded.h"
 #include "host/log/Messages.h"
 #include "host/managers/AuthInfoMgr.h"
 #include "host/managers/CasMgr.h"
 #include "host/managers/ClientConfigMgr.h"
 #include "host/managers/CurProjectMgr.h"
+#include "host/managers/DocConfigMgr.h"
+#include "host/managers/DocFileListMgr.h"
+#include "host/managers/DocFolderMgr.h"
+#include "host/managers/DocOperMgr.h"
+#include "host/managers/DocTagMgr.h"
 #include "host/managers/FileDownloadMgr.h"
 #include "host/managers/FileUploadMgr.h"
 #include "host/managers/FunctionLogMgr.h"
@@ -21,6 +26,7 @@
 #include "host/managers/RestServWebMgr.h"
 #include "host/managers/ServiceStateMgr.h"
 #include "host/managers/WebMgr.h"
+#include "host/shell/Icons.h"
 #include "host/shell/LoginDialog.h"
 #include "host/shell/MessageDialog.h"
 #include "host/shell/PlugInLoader.h"
@@ -70,7 +76,7 @@ Manager& Workbench::add(Arguments&&... arguments) {
 
 void Workbench::registerManagers() {
     m_config = &add<CClientConfigMgr>(m_options.dataFolder);
-    add<CPathMgr>(m_options.dataFolder, m_options.plugInFolders.first());
+    const auto& paths = add<CPathMgr>(m_options.dataFolder, m_options.plugInFolders.first());
     add<CFunctionLogMgr>(m_log);
     add<CWebMgr>(m_keeper);
     m_rest = &add<CRestServWebMgr>(m_keeper, [this](const QString& reason) { return askToLogInAgain(reason); });
@@ -84,6 +90,18 @@ void Workbench::registerManagers() {
     m_client.setPatience(limits.connect);  // its requests are small, and Qt does not tell when it is connected
     add<CFileUploadMgr>(m_client, *m_currentProject, m_progress, limits.silence);
     add<CFileDownloadMgr>(m_client, *m_currentProject, m_progress, limits.silence);
+
+    m_documents = std::make_unique<DocumentStore>(m_client, *m_currentProject);
+    add<CDocConfigMgr>(*m_documents);
+    add<CDocFileListMgr>(*m_documents);
+    add<CDocFolderMgr>(*m_documents, *m_currentProject, *m_projectData);
+    add<CDocTagMgr>(*m_documents);
+    const DocumentCache cache(QString::fromStdWString(paths.GetCacheFolder()) + "/documents",
+                              cacheLimit(m_config->GetValue(CDocOperMgr::kCacheMegabytes)));
+    auto& opener = add<CDocOperMgr>(m_client, *m_currentProject, m_progress, cache, limits.silence);
+    m_documentPane = new DocumentPane(*m_documents, opener, *m_rights, limits.silence);
+    m_window.addPage(m_documentPane, icons::folder(), tr("资料库"), QKeySequence("Ctrl+D"));
+    m_state->AddObserver(m_documentPane);
 }
 
 void Workbench::connectParts() {
@@ -107,7 +125,10 @@ void Workbench::connectParts() {
     QObject::connect(&m_bellKey, &BellKey::pressed, &m_window, [this] { showMessages(); });
     QObject::connect(&m_window, &MainWindow::userChangeWanted, &m_window, [this] { changeUser(); });
     QObject::connect(&m_window, &MainWindow::logOutWanted, &m_window, [this] { logOut(); });
-    QObject::connect(&m_window, &MainWindow::projectsWanted, &m_window, [this] { readProjects(); });
+    QObject::connect(&m_window, &MainWindow::projectsWanted, &m_window, [this] {
+        readProjects();
+        m_documentPane->readAgain();
+    });
     QObject::connect(&m_window, &MainWindow::projectChosen, &m_window, [this](int index) { openProject(index); });
 }
 
@@ -180,6 +201,7 @@ void Workbench::followLogin() {
     m_window.showUnread(0);
     m_watch.watch(m_keeper.address());
     m_unread.restart();
+    m_documentPane->startAnew();
 }
 
 void Workbench::start() {
@@ -190,12 +212,12 @@ void Workbench::start() {
     for (const QString& line : m_log.history())
         m_window.appendLog(line);
     QObject::connect(&m_log, &EventLog::written, &m_window, &MainWindow::appendLog);
+    if (!m_options.command.isEmpty())
+        QObject::connect(&m_window, &MainWindow::settled, &m_window, [this] { runCommand(m_options.command); });
     m_window.showMaximized();
     m_window.focusCommands();
     followLogin();
     readProjects();
-    if (!m_options.command.isEmpty())
-        QTimer::singleShot(0, &m_window, [this] { runCommand(m_options.command); });
 }
 
 void Workbench::readProjects() {
@@ -299,6 +321,7 @@ void Workbench::OnProjectLoaded(PROJECTPACKAGE::IProject*) {
     m_unread.restart();
     m_departments->forget();
     m_rights->forget();
+    m_documentPane->startAnew();
 }
 
 void Workbench::runCommand(const QString& name) {

@@ -5,6 +5,7 @@
 
 #include "host/log/EventLog.h"
 #include "host/managers/ProgressDialog.h"
+#include "host/platform/DocumentStore.h"
 #include "host/platform/Inbox.h"
 #include "host/platform/PlatformClient.h"
 #include "host/platform/PlatformData.h"
@@ -26,6 +27,7 @@ class COrgDeptMgr;
 class CProjectDataMgr;
 class CRestServWebMgr;
 class CServiceStateMgr;
+class DocumentPane;
 
 /// Puts the workbench together: the managers, the plug-ins, the window.
 class Workbench : private PROJECTPACKAGE::IKpxProjLoadObserver {
@@ -88,6 +90,7 @@ private:
     BellKey m_bellKey;
     MainWindow m_window;  // without commands before the registry deletes them
     ProgressDialog m_progress;
+    std::unique_ptr<DocumentStore> m_documents;
     Registry m_registry;  // ends the plug-ins before anything above
 
     // Owned by the registry.
@@ -99,6 +102,7 @@ private:
     CAuthInfoMgr* m_rights = nullptr;
     CProjectDataMgr* m_projectData = nullptr;
 
+    DocumentPane* m_documentPane = nullptr;  // owned by the window
     std::vector<PROJECTPACKAGE::ProjectRecord> m_projects;
 };
 

@@ -19,7 +19,7 @@ public:
     /// Null while it is not shown.
     virtual QWidget* GetWindow() const { return nullptr; }
     /// Shows how many bytes are done, where `total` is above 0, and a button to cancel, where `canCancel`; called every
-    /// few milliseconds. False once the user has cancelled.
+    /// few milliseconds, and before the dialog is shown for it. False once the user has cancelled.
     virtual bool ShowWaiting(bool /*canCancel*/, int64_t /*done*/, int64_t /*total*/) { return true; }
     /// Takes back what `ShowWaiting` has shown.
     virtual void EndWaiting() {}

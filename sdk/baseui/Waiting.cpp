@@ -74,8 +74,10 @@ private:
         };
         m_isShown = true;
         m_isOwn = !m_dialog->GetWindow();
-        if (m_isOwn)
-            m_dialog->ShowProgressDialog(text("处理状态"), text("正在等待服务应答，请稍后..."));
+        if (!m_isOwn)
+            return;
+        step();  // known before it is painted for the first time
+        m_dialog->ShowProgressDialog(text("处理状态"), text("正在等待服务应答，请稍后..."));
     }
     bool step() {
         const Waiting::Amount amount = m_waiting.amount ? m_waiting.amount() : Waiting::Amount();

@@ -1,6 +1,7 @@
 #include <csignal>
 
 #include <QDateTime>
+#include <QLabel>
 
 #include "tests/end_to_end/Walks.h"
 
@@ -56,9 +57,11 @@ void loseAndRegainTheNetwork(View& view, ServiceProbe& service) {
     view.search(kHint, "柱");  // and not applied
     makeNetwork(SIGUSR1);
     {
-        int paints = 0;
-        const DuringWait wait(
-            "list-loading", [&](QWidget*) { return ++paints > 3; }, [] { makeNetwork(SIGUSR2); });
+        const auto hasStood = [](QWidget* widget) {  // so that it is on the screen as a whole
+            const auto* label = qobject_cast<QLabel*>(widget);
+            return label && label->text() == "已等待 1 秒";
+        };
+        const DuringWait wait("list-loading", hasStood, [] { makeNetwork(SIGUSR2); });
         view.selectCatalog(QString("%1(%2)").arg(catalog).arg(page.value("totalCount").toInt()));
         view.expectBeginning("未能读取：");
     }

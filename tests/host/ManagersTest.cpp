@@ -1,7 +1,10 @@
+#include <future>
+#include <thread>
 
 #include <QApplication>
 #include <QDialog>
 #include <QFile>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QWindow>
@@ -15,6 +18,7 @@
 #include "host/managers/ProjectDataMgr.h"
 #include "host/platform/SessionKeeper.h"
 #include "sdk/basetools/AuthCodeTool.h"
+#include "sdk/baseui/Waiting.h"
 #include "tests/host/TestPlatform.h"
 
 namespace {
@@ -122,6 +126,33 @@ TEST(ProgressDialog, IsPaintedAtOnceWithoutLettingTimersThrough) {
         EXPECT_EQ(QApplication::activeModalWidget(), dialog);
     }
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST(ProgressDialog, ComesUpForAWaitWithItsButtonAndLeavesTheMiddleOfItsOwnerFree) {
+    struct Eye : QObject {
+        Eye() { qApp->installEventFilter(this); }
+        bool eventFilter(QObject* watched, QEvent* event) override {
+            auto* window = qobject_cast<QDialog*>(watched);
+            if (window && event->type() == QEvent::Show) {
+                offersCancel = window->findChild<QPushButton*>()->isVisibleTo(window);
+                place = window->geometry();
+            }
+            return false;
+        }
+        bool offersCancel = false;
+        QRect place;
+    };
+    const workbench::ProgressDialog progress;
+    QWidget owner;
+    owner.setGeometry(0, 0, 700, 600);
+    owner.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&owner));
+    const Eye eye;
+    const auto wait =
+        std::async(std::launch::async, [] { std::this_thread::sleep_for(std::chrono::milliseconds(50)); });
+    EXPECT_TRUE(BASEUI::Wait(wait, {.canCancel = true, .dialogAfter = std::chrono::milliseconds(0)}));
+    EXPECT_TRUE(eye.offersCancel);
+    EXPECT_TRUE(eye.place.isValid() && !eye.place.contains(owner.geometry().center()));
 }
 
 }  // namespace

@@ -147,7 +147,7 @@ TEST_F(Session, EndingItLogsOutAtTheService) {
     EXPECT_EQ(keeper.user().userName, L"");
 }
 
-TEST_F(Session, AReportShowsTextAndCode) {
+TEST_F(Session, AReportShowsItsTextWithoutTheCode) {
     std::wstring shown;
     BASEUI::SetMessageBoxHandler([&](const std::wstring& text, QWidget*, BASEUI::MessageButtons) {
         shown = text;
@@ -156,7 +156,7 @@ TEST_F(Session, AReportShowsTextAndCode) {
     rest->ReportStatus(4001, L"目录名称已存在");
     EXPECT_EQ(shown, L"") << "the refused call returns first";
     EXPECT_TRUE(QTest::qWaitFor([&] { return !shown.empty(); }));
-    EXPECT_EQ(shown, L"目录名称已存在（4001）");
+    EXPECT_EQ(shown, L"目录名称已存在");
     BASEUI::SetMessageBoxHandler({});
 }
 

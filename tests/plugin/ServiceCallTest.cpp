@@ -207,10 +207,10 @@ TEST_F(ServiceCallTest, AReadCanBeGivenUpAndAChangeCannot) {
     server.then(RawHttpServer::Answer{});
     EXPECT_FALSE(list());
     EXPECT_EQ(LastFailure(), L"已取消");
-    EXPECT_EQ(dialog.offered, 1);
+    EXPECT_GT(std::exchange(dialog.offered, 0), 0);
     EXPECT_FALSE(manager.MoveCatalog(L"i", 1));
     EXPECT_EQ(LastFailure(), L"服务没有按时应答") << "its time is up";
-    EXPECT_EQ(dialog.offered, 1);
+    EXPECT_EQ(dialog.offered, 0);
     EXPECT_GT(dialog.refused, 1);
 }
 
