@@ -12,6 +12,7 @@
 #include "service/commands/Open.h"
 #include "service/commands/Repeating.h"
 #include "service/domain/Catalogs.h"
+#include "service/domain/Documents.h"
 #include "service/domain/Reminders.h"
 #include "service/files/Sweep.h"
 #include "service/http/Service.h"
@@ -101,6 +102,7 @@ int serve(const Settings& settings) {
     const std::chrono::hours keep(settings.keepHours);
     const Repeating sweeping("sweep", std::chrono::hours(1), [&, turn = 0](const GoOn& goOn) mutable {
         const auto store = database->connect();
+        clearDeletedDocuments(*store, now() - settings.deletedDays * Day, goOn);
         sweepFiles(*store, files, keep, now(), goOn);
         if (turn++ % SortEvery == 0)
             sortFolder(*store, files, keep, Days(settings.asideDays), goOn);

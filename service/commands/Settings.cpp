@@ -128,6 +128,8 @@ void Settings::read(const std::string& file) {
          [&](auto& node, auto& key) { keepHours = static_cast<std::int32_t>(number(node, key, 1, 8760)); }},
         {"files.aside_days",
          [&](auto& node, auto& key) { asideDays = static_cast<std::int32_t>(number(node, key, 1, 3650)); }},
+        {"files.deleted_days",
+         [&](auto& node, auto& key) { deletedDays = static_cast<std::int32_t>(number(node, key, 1, 3650)); }},
         {"files.uploads", [&](auto& node, auto& key) { dispatcher.uploads = number(node, key, 1, 1000); }},
         {"files.downloads", [&](auto& node, auto& key) { dispatcher.downloads = number(node, key, 1, 10'000); }},
         {"files.uploads_of_one", [&](auto& node, auto& key) { dispatcher.uploadsOfOne = number(node, key, 1, 1000); }},

@@ -29,6 +29,7 @@ struct Settings {
     std::int64_t quotaMegabytes = 51'200;  // of a department's files
     std::int32_t keepHours = 24;           // for files that no task refers to
     std::int32_t asideDays = 14;           // for contents that were set aside
+    std::int32_t deletedDays = 30;         // for deleted documents
     std::string portFile;
     std::string logLevel = "info";
 

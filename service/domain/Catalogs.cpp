@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "service/domain/Names.h"
 #include "service/domain/NewId.h"
 #include "service/domain/Refusal.h"
 #include "service/ports/Changing.h"
@@ -13,19 +14,7 @@ namespace {
 
 /// So that no transaction is long: tasks, or catalogs.
 constexpr std::int64_t ClearedAtOnce = 200;
-constexpr std::size_t LongestName = 128;  // UTF-16 units, as the clients count
-
-/// A name as it is stored: without the blanks around it. Throws `Refusal` when it may not be one.
-std::string checkedName(const std::string& name) {
-    if (!isUtf8(name) || hasControls(name, false) || name.find_first_of("\\/:*?\"<>|") != std::string::npos)
-        throw Refusal(reasons::NameForbidden);
-    std::string checked = trimmed(name);
-    if (!showsSomething(checked))
-        throw Refusal(reasons::NameEmpty);
-    if (lengthOf(checked) > LongestName)
-        throw Refusal(reasons::NameTooLong);
-    return checked;
-}
+constexpr NameReasons Why{reasons::NameEmpty, reasons::NameTooLong, reasons::NameForbidden};
 
 }  // namespace
 
@@ -33,7 +22,7 @@ void Catalogs::save(const std::string& deptId, std::string id, const std::string
     Catalog added;
     added.deptId = deptId;
     added.parentId = parentId;
-    added.name = checkedName(name);
+    added.name = checkedName(name, Why);
 
     if (id.empty()) {
         id = newId();
@@ -68,7 +57,7 @@ void Catalogs::save(const std::string& deptId, std::string id, const std::string
 }
 
 void Catalogs::rename(const Catalog& catalog, const std::string& name) {
-    const std::string wanted = checkedName(name);
+    const std::string wanted = checkedName(name, Why);
     if (wanted == catalog.name)
         return;
     if (catalog.parentId.empty())

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "service/domain/DocumentTypes.h"
+#include "service/domain/Names.h"
 #include "service/domain/Passwords.h"
 #include "service/domain/Refusal.h"
 #include "service/domain/TaskChecks.h"
@@ -13,9 +15,6 @@ namespace disclosure {
 namespace {
 
 using namespace std::string_view_literals;
-
-constexpr std::array Extensions{"doc"sv, "docx"sv, "xls"sv,  "xlsx"sv, "ppt"sv, "pptx"sv, "pdf"sv, "txt"sv, "mp4"sv,
-                                "avi"sv, "wmv"sv,  "webm"sv, "jpeg"sv, "png"sv, "bmp"sv,  "jpg"sv, "dwg"sv};
 
 // Windows, Linux, scripts, and the Mach-O forms: 32 and 64 bits in either byte order, and several in one file.
 constexpr std::array Programs{"MZ"sv,
@@ -29,12 +28,11 @@ constexpr std::array Programs{"MZ"sv,
                               "\xca\xfe\xba\xbe"sv,
                               "\xca\xfe\xba\xbf"sv};
 
-std::string extensionOf(const std::string& name) {
-    const auto dot = name.rfind('.');
-    std::string extension = dot == std::string::npos ? "" : name.substr(dot + 1);
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return extension;
+bool isTaken(const std::string& extension) {
+    const auto types = documentTypes();
+    return std::any_of(types.begin(), types.end(), [&](const DocumentType& type) {
+        return std::find(type.extensions.begin(), type.extensions.end(), extension) != type.extensions.end();
+    });
 }
 
 }  // namespace
@@ -47,7 +45,7 @@ PendingFile Files::expect(const std::string& deptId, const std::string& name, st
     if (hasControls(name, false) || name.find_first_of("/\\") != std::string::npos)
         throw Refusal(reasons::FileNameForbidden);
     const std::string extension = extensionOf(name);
-    if (std::find(Extensions.begin(), Extensions.end(), extension) == Extensions.end())
+    if (!isTaken(extension))
         throw Refusal(reasons::FileTypeUnknown);
     if (size >= TooLarge)
         throw Refusal(reasons::FileTooLarge);

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <exception>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace disclosure {
 
@@ -14,16 +17,24 @@ struct Reason {
 /// A refusal by a rule. Whatever the request has begun is undone.
 class Refusal : public std::exception {
 public:
+    using Numbers = std::vector<std::pair<std::string, std::int64_t>>;
+
     explicit Refusal(const Reason& reason) : m_code(reason.code), m_msg(reason.msg) {}
     /// `which` tells one of several that the reason is about.
     Refusal(const Reason& reason, const std::string& which) : m_code(reason.code), m_msg(reason.msg + ("：" + which)) {}
+    /// `numbers` are what a client may ask its user about.
+    Refusal(const Reason& reason, const std::string& which, Numbers numbers) : Refusal(reason, which) {
+        m_numbers = std::move(numbers);
+    }
     int code() const { return m_code; }
     const std::string& msg() const { return m_msg; }
+    const Numbers& numbers() const { return m_numbers; }
     const char* what() const noexcept override { return m_msg.c_str(); }
 
 private:
     int m_code;
     std::string m_msg;
+    Numbers m_numbers;
 };
 
 namespace reasons {
@@ -82,7 +93,7 @@ inline constexpr Reason BadLogKind{422, "操作类型无效"};
 
 inline constexpr Reason NotUploader{403, "只能撤回自己上传的文件"};
 inline constexpr Reason NoFile{404, "文件不存在或已被删除"};
-inline constexpr Reason FileInUse{409, "文件已被交底任务引用，不能删除"};
+inline constexpr Reason FileInUse{409, "文件已被引用，不能删除"};
 inline constexpr Reason QuotaUsed{409, "部门的文件存储空间已用完"};
 inline constexpr Reason FileNameEmpty{422, "文件名不能为空"};
 inline constexpr Reason FileNameTooLong{422, "文件名不能超过255个字符"};
@@ -91,6 +102,36 @@ inline constexpr Reason FileTypeUnknown{422, "文件格式不支持，请重新�
 inline constexpr Reason FileTooLarge{422, "请上传500M以内的文件"};
 inline constexpr Reason FileExecutable{422, "不能上传可执行文件"};
 inline constexpr Reason DocNotStored{422, "资料尚未上传或已失效，请重新上传"};
+
+inline constexpr Reason NoRightDocuments{403, "您没有编辑资料的权限"};
+inline constexpr Reason NoRightMoveDocuments{403, "您没有移动资料的权限"};
+inline constexpr Reason NoRightDeleteDocuments{403, "您没有删除资料的权限"};
+inline constexpr Reason NoDocument{404, "资料不存在或已被删除"};
+inline constexpr Reason NoFolder{404, "文件夹不存在或已被删除"};
+inline constexpr Reason FolderNameTaken{409, "同一文件夹下已有同名文件夹"};
+inline constexpr Reason FolderIdTaken{409, "文件夹编号已被使用"};
+inline constexpr Reason FolderNotEmpty{409, "文件夹不为空，不能删除"};
+inline constexpr Reason FolderWithinItself{409, "不能将文件夹移动到其自身或下级文件夹中"};
+inline constexpr Reason FoldersTooDeep{409, "文件夹层级不能超过32层"};
+inline constexpr Reason TooManyFolders{409, "部门的文件夹数量已达上限"};
+inline constexpr Reason TooManyContents{409, "该资料的历史版本已达上限"};
+inline constexpr Reason TooManyTagsOfAll{409, "部门的标签数量已达上限"};
+inline constexpr Reason DocumentsLinked{409, "资料已被交底任务关联"};
+inline constexpr Reason FolderNameEmpty{422, "文件夹名称不能为空"};
+inline constexpr Reason FolderNameTooLong{422, "文件夹名称不能超过128个字符"};
+inline constexpr Reason FolderNameForbidden{422, "文件夹名称不能包含控制字符和\\/:*?\"<>|"};
+inline constexpr Reason BadFolderId{422, "文件夹编号只能由字母、数字、下划线和连字符组成，且不超过64个字符"};
+inline constexpr Reason DocumentNameEmpty{422, "资料名称不能为空"};
+inline constexpr Reason DocumentNameTooLong{422, "资料名称不能超过128个字符"};
+inline constexpr Reason DocumentNameForbidden{422, "资料名称不能包含控制字符和\\/:*?\"<>|"};
+inline constexpr Reason BadDocumentId{422, "资料编号只能由字母、数字、下划线和连字符组成，且不超过64个字符"};
+inline constexpr Reason OneNameForMany{422, "一次只能重命名一份资料"};
+inline constexpr Reason NoDocumentChosen{422, "请选择资料"};
+inline constexpr Reason TooManyDocumentsChosen{422, "一次最多操作500份资料"};
+inline constexpr Reason TooManyTags{422, "一份资料最多10个标签"};
+inline constexpr Reason BadTag{422, "标签应为1到32个字符，不能是all或none，也不能包含顿号和控制字符"};
+inline constexpr Reason DocGone{422, "资料已被删除，不能关联"};
+inline constexpr Reason DocUnknown{422, "资料库中没有该资料或该版本，请重新选择"};
 
 inline constexpr Reason NameTaken{409, "同一目录下已有同名目录"};
 inline constexpr Reason TopExists{409, "顶级目录已存在"};

@@ -12,8 +12,7 @@ namespace disclosure {
 namespace {
 
 constexpr std::size_t LongestTaskName = 128;
-constexpr std::size_t LongestRemark = 300;              // as much as the editor shows
-constexpr std::int64_t LastDate = 253'402'300'799'999;  // the end of the year 9999
+constexpr std::size_t LongestRemark = 300;  // as much as the editor shows
 
 template <class Element>
 void checkIds(const std::vector<Element>& list) {

@@ -177,21 +177,40 @@ void Tasks::checkPeople(const std::string& deptId, const TaskContent& content, c
     throw Refusal(reasons::UnknownReceiver, strangers.front());
 }
 
-/// Only what is new, like the people: what a task has stays, whatever has become of it. The file cannot be swept away
-/// in between, since both are writing transactions.
+/// Only what is new, like the people: what a task has stays, whatever has become of the file or the document. Neither
+/// can go in between, since all that writes is one after the other.
 void Tasks::checkDocs(const std::string& deptId, const TaskContent& content, const TaskContent& before) {
     const auto isSame = [](const TaskDoc& a, const TaskDoc& b) {
-        return a.sourceType == b.sourceType && a.uuid == b.uuid && a.md5 == b.md5 && a.size == b.size;
+        return a.sourceType == b.sourceType && a.refDocId == b.refDocId && a.uuid == b.uuid && a.md5 == b.md5 &&
+               a.size == b.size;
     };
     for (const TaskDoc& doc : content.docs) {
         const bool known =
             std::any_of(before.docs.begin(), before.docs.end(), [&](const TaskDoc& old) { return isSame(doc, old); });
-        if (doc.sourceType != TaskDoc::Uploaded || known)
+        if (known)
             continue;
-        const auto file = m_store.file({deptId, doc.uuid});
-        if (!file || file->md5 != doc.md5 || file->size != doc.size)
-            throw Refusal(reasons::DocNotStored);
+        if (doc.sourceType == TaskDoc::Uploaded) {
+            const auto file = m_store.file({deptId, doc.uuid});
+            if (!file || file->md5 != doc.md5 || file->size != doc.size)
+                throw Refusal(reasons::DocNotStored);
+        } else {
+            checkFiled(deptId, doc);
+        }
     }
+}
+
+void Tasks::checkFiled(const std::string& deptId, const TaskDoc& doc) {
+    const auto found = m_store.documents(deptId, {doc.refDocId});
+    if (found.empty())
+        throw Refusal(reasons::DocUnknown, doc.name);
+    if (found.front().isDeleted)
+        throw Refusal(reasons::DocGone, doc.name);
+    const auto contents = m_store.contentsOf(found.front());
+    const auto means = [&](const DocumentContent& content) {
+        return content.uuid == doc.uuid && content.md5 == doc.md5 && content.size == doc.size;
+    };
+    if (std::none_of(contents.begin(), contents.end(), means))
+        throw Refusal(reasons::DocUnknown, doc.name);
 }
 
 }  // namespace disclosure

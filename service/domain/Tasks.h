@@ -61,6 +61,8 @@ private:
     void check(const std::string& deptId, TaskContent& content, const TaskContent& before);
     void checkPeople(const std::string& deptId, const TaskContent& content, const TaskContent& before);
     void checkDocs(const std::string& deptId, const TaskContent& content, const TaskContent& before);
+    /// The link is to a content of a document that is there.
+    void checkFiled(const std::string& deptId, const TaskDoc& doc);
 
     IStore& m_store;
     std::string m_username;

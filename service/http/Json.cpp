@@ -89,4 +89,26 @@ std::int32_t numberOf(const rapidjson::Value& object, const char* key, std::int3
     return member == object.MemberEnd() ? otherwise : member->value.GetInt();
 }
 
+std::optional<std::string> maybeText(const rapidjson::Value& object, const char* key) {
+    if (!object.HasMember(key))
+        return std::nullopt;
+    return textOf(object, key);
+}
+
+std::optional<std::int64_t> maybeLong(const rapidjson::Value& object, const char* key) {
+    const auto member = object.FindMember(key);
+    if (member == object.MemberEnd())
+        return std::nullopt;
+    return member->value.GetInt64();
+}
+
+std::vector<std::string> textsOf(const rapidjson::Value& object, const char* key) {
+    std::vector<std::string> texts;
+    const auto member = object.FindMember(key);
+    if (member != object.MemberEnd())
+        for (const auto& text : member->value.GetArray())
+            texts.emplace_back(text.GetString(), text.GetStringLength());
+    return texts;
+}
+
 }  // namespace disclosure

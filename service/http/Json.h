@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <rapidjson/document.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace disclosure {
 
@@ -22,6 +24,11 @@ rapidjson::Document parsedJson(const std::string& body);
 std::string textOf(const rapidjson::Value& object, const char* key);
 /// The number under the key, which the schema has made sure fits; `otherwise` when the key is absent.
 std::int32_t numberOf(const rapidjson::Value& object, const char* key, std::int32_t otherwise);
+/// The same, or nothing when the key is absent.
+std::optional<std::string> maybeText(const rapidjson::Value& object, const char* key);
+std::optional<std::int64_t> maybeLong(const rapidjson::Value& object, const char* key);
+/// The texts of the list under the key; none when the key is absent.
+std::vector<std::string> textsOf(const rapidjson::Value& object, const char* key);
 
 inline void write(JsonWriter& writer, const char* key, const std::string& value) {
     writer.Key(key);
@@ -34,6 +41,10 @@ inline void write(JsonWriter& writer, const char* key, const char* value) {
 inline void write(JsonWriter& writer, const char* key, std::int32_t value) {
     writer.Key(key);
     writer.Int(value);
+}
+inline void write(JsonWriter& writer, const char* key, std::int64_t value) {
+    writer.Key(key);
+    writer.Int64(value);
 }
 inline void write(JsonWriter& writer, const char* key, bool value) {
     writer.Key(key);

@@ -11,7 +11,7 @@ namespace http = boost::beast::http;
 
 namespace {
 
-std::string errorBody(int code, const std::string& msg) {
+std::string errorBody(int code, const std::string& msg, const Refusal::Numbers& numbers = {}) {
     JsonBuffer buffer;
     JsonWriter writer(buffer);
     writer.StartObject();
@@ -19,7 +19,14 @@ std::string errorBody(int code, const std::string& msg) {
     write(writer, "success", false);
     write(writer, "msg", msg);
     writer.Key("result");
-    writer.Null();
+    if (numbers.empty()) {
+        writer.Null();
+    } else {
+        writer.StartObject();
+        for (const auto& [key, number] : numbers)
+            write(writer, key.c_str(), number);
+        writer.EndObject();
+    }
     writer.EndObject();
     return {buffer.GetString(), buffer.GetSize()};
 }
@@ -45,7 +52,7 @@ Response answerTo(const HttpError& error) {
 }
 
 Response answerTo(const Refusal& refusal) {
-    return answerWith(http::status::ok, JsonType, errorBody(refusal.code(), refusal.msg()));
+    return answerWith(http::status::ok, JsonType, errorBody(refusal.code(), refusal.msg(), refusal.numbers()));
 }
 
 Response answerToFailure(std::string_view what) noexcept {

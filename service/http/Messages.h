@@ -44,7 +44,8 @@ struct Reply {
 /// An answer with these bytes and the headers every answer has.
 Response answerWith(boost::beast::http::status status, const char* contentType, std::string body);
 
-/// The one form of everything that is not a success: {code, success: false, msg, result: null}.
+/// The one form of everything that is not a success: {code, success: false, msg, result}, where the result is null
+/// but for a refusal with numbers.
 Response answerTo(const HttpError& error);
 Response answerTo(const Refusal& refusal);
 /// To be called while an exception is being handled: the one place that turns a failure into an answer. `what` is for

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "service/http/CatalogHandlers.h"
+#include "service/http/DocumentHandlers.h"
 #include "service/http/FileHandlers.h"
 #include "service/http/MessageHandlers.h"
 #include "service/http/PlatformHandlers.h"
@@ -34,6 +35,20 @@ constexpr Route Table[] = {
     {verb::post, "/rs/platform/files", Work::Upload, Scope::QueryDept, Right::EditTasks, None, beginUpload},
     {verb::get, "/rs/platform/files/{uuid}", Work::Download, Scope::Session, None, None, sendFile},
     {verb::post, "/rs/platform/files/delete", Work::Write, Scope::BodyDept, None, None, takeBackFile},
+    {verb::get, "/rs/platform/documents", Work::Read, Scope::QueryDept, None, None, pageDocuments},
+    {verb::get, "/rs/platform/documents/folders", Work::Read, Scope::QueryDept, None, None, documentFolders},
+    {verb::get, "/rs/platform/documents/updaters", Work::Read, Scope::QueryDept, None, None, documentUpdaters},
+    {verb::get, "/rs/platform/documents/tags", Work::Read, Scope::QueryDept, None, None, documentTags},
+    {verb::get, "/rs/platform/documents/types", Work::Read, Scope::Session, None, None, listDocumentTypes},
+    {verb::get, "/rs/platform/documents/find", Work::Read, Scope::QueryDept, None, None, findDocuments},
+    {verb::get, "/rs/platform/documents/contents", Work::Read, Scope::QueryDept, None, None, documentContents},
+    {verb::post, "/rs/platform/documents/folders/save", Work::Write, Scope::BodyDept, Right::EditTasks, None, saveFolder},
+    {verb::post, "/rs/platform/documents/folders/update", Work::Write, Scope::BodyDept, Right::EditTasks, None, updateFolder},
+    {verb::post, "/rs/platform/documents/folders/delete", Work::Write, Scope::BodyDept, Right::DeleteTasks, None, deleteFolder},
+    {verb::post, "/rs/platform/documents/save", Work::Write, Scope::BodyDept, Right::EditTasks, None, saveDocument},
+    {verb::post, "/rs/platform/documents/update", Work::Write, Scope::BodyDept, None, None, updateDocuments},  // Documents::update: by what it changes
+    {verb::post, "/rs/platform/documents/delete", Work::Write, Scope::BodyDept, Right::DeleteTasks, None, deleteDocuments},
+    {verb::post, "/rs/platform/documents/restore", Work::Write, Scope::BodyDept, Right::DeleteTasks, None, restoreDocuments},
     {verb::get, "/rs/platform/messages", Work::Read, Scope::Session, None, None, pageMessages},
     {verb::get, "/rs/platform/messages/unread", Work::Read, Scope::Session, None, None, unreadMessages},
     {verb::post, "/rs/platform/messages/read", Work::Write, Scope::Session, None, None, markMessagesRead},

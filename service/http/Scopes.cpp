@@ -10,16 +10,18 @@ namespace http = boost::beast::http;
 
 namespace {
 
-const Reason& lackOf(Right right) {
-    switch (right) {
+/// The same rights are over tasks and documents; what is said names the one asked for.
+const Reason& lackOf(const Route& route) {
+    const bool ofDocuments = route.path.starts_with("/rs/platform/documents");
+    switch (*route.right) {
         case Right::EditCatalogs:
             return reasons::NoRightCatalogs;
         case Right::EditTasks:
-            return reasons::NoRightTasks;
+            return ofDocuments ? reasons::NoRightDocuments : reasons::NoRightTasks;
         case Right::DeleteTasks:
             break;
     }
-    return reasons::NoRightDelete;
+    return ofDocuments ? reasons::NoRightDeleteDocuments : reasons::NoRightDelete;
 }
 
 /// Finds one task that the person may see.
@@ -104,7 +106,7 @@ void enterScope(const Route& route, Call& call) {
         case Scope::BodyDisclosureTaskId:
             enterTasks(call, idsOf(route, call));
             if (route.right && !call.rights.contains(*route.right))
-                throw Refusal(lackOf(*route.right));
+                throw Refusal(lackOf(route));
             return;
     }
     auto rights = call.store->rightsOf(call.username, call.deptId);
@@ -112,7 +114,7 @@ void enterScope(const Route& route, Call& call) {
         throw Refusal(reasons::NoDepartment);
     call.rights = std::move(*rights);
     if (route.right && !call.rights.contains(*route.right))
-        throw Refusal(lackOf(*route.right));
+        throw Refusal(lackOf(route));
     call.mayWithTasks = route.overTasks && call.rights.contains(*route.overTasks);
 }
 

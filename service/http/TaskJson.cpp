@@ -6,21 +6,8 @@ namespace {
 
 using rapidjson::Value;
 
-std::optional<std::string> maybeText(const Value& object, const char* key) {
-    if (!object.HasMember(key))
-        return std::nullopt;
-    return textOf(object, key);
-}
-
-std::optional<std::int64_t> maybeTime(const Value& object, const char* key) {
-    const auto member = object.FindMember(key);
-    if (member == object.MemberEnd())
-        return std::nullopt;
-    return member->value.GetInt64();
-}
-
 std::int64_t timeOf(const Value& object, const char* key) {
-    return maybeTime(object, key).value_or(0);
+    return maybeLong(object, key).value_or(0);
 }
 
 template <class Read>
@@ -32,10 +19,6 @@ auto listOf(const Value& object, const char* key, Read&& read) {
             list.push_back(read(element));
     }
     return list;
-}
-
-std::vector<std::string> textsOf(const Value& object, const char* key) {
-    return listOf(object, key, [](const Value& text) { return std::string(text.GetString(), text.GetStringLength()); });
 }
 
 TaskReceiver receiverOf(const Value& v) {
@@ -135,11 +118,11 @@ TaskChange taskChangeOf(const Value& body) {
     change.catalogId = maybeText(body, "disclosureCatalogId");
     change.name = maybeText(body, "name");
     change.discloser = maybeText(body, "disclosureUserName");
-    change.constructionStart = maybeTime(body, "constructionStartDateMills");
-    change.constructionEnd = maybeTime(body, "constructionEndDateMills");
-    change.planDisclosure = maybeTime(body, "planDisclosureDateMills");
-    change.actualDisclosure = maybeTime(body, "actualDisclosureDateMills");
-    change.expiry = maybeTime(body, "expiryDateMills");
+    change.constructionStart = maybeLong(body, "constructionStartDateMills");
+    change.constructionEnd = maybeLong(body, "constructionEndDateMills");
+    change.planDisclosure = maybeLong(body, "planDisclosureDateMills");
+    change.actualDisclosure = maybeLong(body, "actualDisclosureDateMills");
+    change.expiry = maybeLong(body, "expiryDateMills");
     if (body.HasMember("isPublish"))
         change.published = numberOf(body, "isPublish", 0) != 0;
     change.remark = maybeText(body, "remark");

@@ -7,6 +7,7 @@
 
 #include "service/ports/IAccountStore.h"
 #include "service/ports/ICatalogStore.h"
+#include "service/ports/IDocumentStore.h"
 #include "service/ports/IFileStore.h"
 #include "service/ports/IOrganisationStore.h"
 #include "service/ports/IPushConfigStore.h"
@@ -26,6 +27,7 @@ class IStore : public IAccountStore,
                public ITaskLogStore,
                public IPushConfigStore,
                public IFileStore,
+               public IDocumentStore,
                public IReminderStore {
 public:
     /// A reader sees one state of the database throughout; there is one writer at a time.

@@ -41,7 +41,9 @@ struct TaskNode {
 };
 
 struct TaskDoc {
-    static constexpr std::int32_t Uploaded = 1;  // of `sourceType`: a stored file, known by `uuid`
+    // Of `sourceType`: a content of the document `refDocId`, or a stored file; either is known by `uuid`.
+    static constexpr std::int32_t Filed = 0;
+    static constexpr std::int32_t Uploaded = 1;
 
     std::string id;
     std::int32_t ppid = 0;

@@ -16,6 +16,18 @@ namespace {
     "INSERT INTO state_tally VALUES (" row ".dept_id, " row ".state, " row ".deadline / 86400000, " change \
     ") ON CONFLICT (dept_id, state, day) DO UPDATE SET number = number + (" change "); "
 
+/// An index of names: its table, and how a row of `table` comes into it and goes. `dept` is whose words they are.
+#define DISCLOSURE_GRAM_TABLE(index)                                   \
+    "CREATE VIRTUAL TABLE " index                                      \
+    " USING fts5(grams, content = '', detail = none, columnsize = 0, " \
+    "tokenize = \"ascii tokenchars '_-.'\")"
+#define DISCLOSURE_GRAMS_COME(index, dept) \
+    "INSERT INTO " index " (rowid, grams) VALUES (new.rid, name_grams(" dept("new") ", new.search_name)); "
+#define DISCLOSURE_GRAMS_GO(index, dept) \
+    "INSERT INTO " index " (" index      \
+    ", rowid, grams) VALUES ('delete', old.rid, name_grams(" dept("old") ", old.search_name)); "
+#define DISCLOSURE_DEPT(row) row ".dept_id"
+
 const std::vector<Migration> Steps{
     {
         // 1: the organisation, its people and their sessions
@@ -136,23 +148,17 @@ const std::vector<Migration> Steps{
     ".catalog_id UNION ALL SELECT c.parent_id FROM up CROSS JOIN catalog c WHERE c.dept_id = " row                  \
     ".dept_id AND c.catalog_id = up.id AND c.parent_id IS NOT NULL) SELECT id FROM up); "
 #define DISCLOSURE_FORGET(table) "DELETE FROM " table " WHERE dept_id = old.dept_id AND task_rid = old.rid; "
-#define DISCLOSURE_GRAMS(row) "name_grams(" row ".dept_id, " row ".search_name)"
-        "CREATE VIRTUAL TABLE task_gram USING fts5(grams, content = '', detail = none, columnsize = 0, "
-        "tokenize = \"ascii tokenchars '_-.'\")",
-        "CREATE TRIGGER task_added AFTER INSERT ON task BEGIN " DISCLOSURE_COUNT(
-            "new", "+ 1") "INSERT INTO task_gram (rowid, grams) VALUES (new.rid, " DISCLOSURE_GRAMS("new") "); END",
-        "CREATE TRIGGER task_removed AFTER DELETE ON task BEGIN " DISCLOSURE_COUNT(
-            "old", "- 1") "INSERT INTO task_gram (task_gram, rowid, grams) VALUES ('delete', "
-                          "old.rid, " DISCLOSURE_GRAMS("old") "); " DISCLOSURE_FORGET("task_receiver")
-                              DISCLOSURE_FORGET("task_viewport") DISCLOSURE_FORGET("task_node")
-                                  DISCLOSURE_FORGET("task_doc") DISCLOSURE_FORGET("task_attachment") "END",
+        DISCLOSURE_GRAM_TABLE("task_gram"),
+        "CREATE TRIGGER task_added AFTER INSERT ON task BEGIN " DISCLOSURE_COUNT("new", "+ 1")
+            DISCLOSURE_GRAMS_COME("task_gram", DISCLOSURE_DEPT) "END",
+        "CREATE TRIGGER task_removed AFTER DELETE ON task BEGIN " DISCLOSURE_COUNT("old", "- 1") DISCLOSURE_GRAMS_GO(
+            "task_gram", DISCLOSURE_DEPT) DISCLOSURE_FORGET("task_receiver") DISCLOSURE_FORGET("task_viewport")
+            DISCLOSURE_FORGET("task_node") DISCLOSURE_FORGET("task_doc") DISCLOSURE_FORGET("task_attachment") "END",
         "CREATE TRIGGER task_moved AFTER UPDATE OF catalog_id ON task WHEN new.catalog_id <> old.catalog_id "
         "BEGIN " DISCLOSURE_COUNT("old", "- 1") DISCLOSURE_COUNT("new", "+ 1") "END",
-        "CREATE TRIGGER task_renamed AFTER UPDATE OF search_name ON task WHEN new.search_name <> old.search_name BEGIN "
-        "INSERT INTO task_gram (task_gram, rowid, grams) VALUES ('delete', old.rid, " DISCLOSURE_GRAMS(
-            "old") "); "
-                   "INSERT INTO task_gram (rowid, grams) VALUES (new.rid, " DISCLOSURE_GRAMS("new") "); END",
-#undef DISCLOSURE_GRAMS
+        "CREATE TRIGGER task_renamed AFTER UPDATE OF search_name ON task WHEN new.search_name <> old.search_name "
+        "BEGIN " DISCLOSURE_GRAMS_GO("task_gram", DISCLOSURE_DEPT)
+            DISCLOSURE_GRAMS_COME("task_gram", DISCLOSURE_DEPT) "END",
 #undef DISCLOSURE_FORGET
 #undef DISCLOSURE_COUNT
     },
@@ -303,8 +309,106 @@ const std::vector<Migration> Steps{
         // 12: capitals and small letters are the same in every script; until now some were passed over
         "UPDATE task SET search_name = search_name(name) WHERE search_name <> search_name(name)",
     },
+    {
+// 13: the store of documents. The folder '0' is the top: it has no row, and its tallies count every document of the
+// department. The words of deleted documents are as those of a department of its own.
+#define DISCLOSURE_DOC_WORDS(row) row ".dept_id || CASE " row ".deleted WHEN 0 THEN '' ELSE '.' END"
+#define DISCLOSURE_TALLY_DOC(row, change)                                                                              \
+    "INSERT INTO doc_tally SELECT " row ".dept_id, f.id, " row ".deleted, " row ".updated_by, " row ".extension, " row \
+    ".tag_number = 0, " change " FROM (SELECT '0' AS id UNION SELECT " row                                             \
+    ".folder_id) f WHERE true ON CONFLICT (dept_id, folder_id, deleted, updated_by, extension, untagged) DO UPDATE "   \
+    "SET number = number + (" change "); "
+#define DISCLOSURE_SHOW_TAGS(change)                                  \
+    "UPDATE doc_tag SET shown = shown " change                        \
+    " WHERE dept_id = new.dept_id AND tag_id IN (SELECT tag_id FROM " \
+    "doc_tagged WHERE dept_id = new.dept_id AND doc_rid = new.rid); "
+#define DISCLOSURE_FORGET(table) "DELETE FROM " table " WHERE dept_id = old.dept_id AND doc_rid = old.rid; "
+        R"(CREATE TABLE doc_folder (dept_id VARCHAR(64) NOT NULL REFERENCES department (dept_id), folder_id VARCHAR(64)
+            NOT NULL, parent_id VARCHAR(64) NOT NULL, name VARCHAR(512) NOT NULL, depth INTEGER NOT NULL, PRIMARY KEY
+            (dept_id, folder_id)) WITHOUT ROWID)",
+        "CREATE UNIQUE INDEX doc_folder_name ON doc_folder (dept_id, parent_id, name)",
+        "CREATE INDEX doc_folder_depth ON doc_folder (dept_id, depth, name)",
+        // The row is that of the newest content. `loose_since` is when a deleted document lost its last task, or was
+        // deleted if it had none; 0 while it is there or a task links it.
+        R"(CREATE TABLE document (rid INTEGER PRIMARY KEY, dept_id VARCHAR(64) NOT NULL REFERENCES department
+            (dept_id), doc_id VARCHAR(64) NOT NULL, folder_id VARCHAR(64) NOT NULL, name VARCHAR(512) NOT NULL,
+            search_name VARCHAR(512) NOT NULL, extension VARCHAR(16) NOT NULL, uuid VARCHAR(64) NOT NULL, md5
+            VARCHAR(32) NOT NULL, size BIGINT NOT NULL, woven_at BIGINT NOT NULL, tag_number INTEGER NOT NULL,
+            content_number INTEGER NOT NULL, updated_by VARCHAR(64) NOT NULL, updated_at BIGINT NOT NULL, deleted
+            INTEGER NOT NULL DEFAULT 0, loose_since BIGINT NOT NULL DEFAULT 0, UNIQUE (dept_id, doc_id)))",
+        // Each with what the filters ask, so that passing over documents reads nothing else.
+        R"(CREATE INDEX document_updated ON document (dept_id, deleted, updated_at, rid, extension, updated_by,
+            tag_number, woven_at))",
+        R"(CREATE INDEX document_folder ON document (dept_id, folder_id, deleted, updated_at, rid, extension,
+            updated_by, tag_number, woven_at))",
+        R"(CREATE INDEX document_untagged ON document (dept_id, deleted, updated_at, rid, extension, updated_by,
+            woven_at) WHERE tag_number = 0)",
+        R"(CREATE INDEX document_extension ON document (dept_id, deleted, extension, folder_id, updated_by, tag_number,
+            woven_at))",
+        R"(CREATE INDEX document_updater ON document (dept_id, deleted, updated_by, folder_id, extension, tag_number,
+            woven_at))",
+        R"(CREATE INDEX document_woven ON document (dept_id, deleted, woven_at, folder_id, extension, updated_by,
+            tag_number))",
+        "CREATE INDEX document_loose ON document (loose_since) WHERE loose_since > 0",
+        R"(CREATE TABLE doc_content (dept_id VARCHAR(64) NOT NULL, doc_rid BIGINT NOT NULL, number INTEGER NOT NULL,
+            uuid VARCHAR(64) NOT NULL, md5 VARCHAR(32) NOT NULL, name VARCHAR(512) NOT NULL, extension VARCHAR(16) NOT
+            NULL, size BIGINT NOT NULL, updated_by VARCHAR(64) NOT NULL, updated_at BIGINT NOT NULL, PRIMARY KEY
+            (dept_id, doc_rid, number)) WITHOUT ROWID)",
+        "CREATE INDEX doc_content_uuid ON doc_content (dept_id, uuid)",
+        // How many documents have the tag, and how many of these are not deleted.
+        R"(CREATE TABLE doc_tag (dept_id VARCHAR(64) NOT NULL REFERENCES department (dept_id), tag_id VARCHAR(64) NOT
+            NULL, name VARCHAR(256) NOT NULL, uses INTEGER NOT NULL DEFAULT 0, shown INTEGER NOT NULL DEFAULT 0,
+            PRIMARY KEY (dept_id, tag_id)) WITHOUT ROWID)",
+        "CREATE UNIQUE INDEX doc_tag_name ON doc_tag (dept_id, name)",
+        R"(CREATE TABLE doc_tagged (dept_id VARCHAR(64) NOT NULL, tag_id VARCHAR(64) NOT NULL, doc_rid BIGINT NOT NULL,
+            position INTEGER NOT NULL, PRIMARY KEY (dept_id, tag_id, doc_rid)) WITHOUT ROWID)",
+        "CREATE INDEX doc_tagged_doc ON doc_tagged (dept_id, doc_rid, position)",
+        R"(CREATE TABLE doc_tally (dept_id VARCHAR(64) NOT NULL, folder_id VARCHAR(64) NOT NULL, deleted INTEGER NOT
+            NULL, updated_by VARCHAR(64) NOT NULL, extension VARCHAR(16) NOT NULL, untagged INTEGER NOT NULL, number
+            BIGINT NOT NULL, PRIMARY KEY (dept_id, folder_id, deleted, updated_by, extension, untagged)) WITHOUT
+            ROWID)",
+        DISCLOSURE_GRAM_TABLE("doc_gram"),
+        "CREATE TRIGGER document_added AFTER INSERT ON document BEGIN " DISCLOSURE_TALLY_DOC("new", "1")
+            DISCLOSURE_GRAMS_COME("doc_gram", DISCLOSURE_DOC_WORDS) "END",
+        "CREATE TRIGGER document_removed AFTER DELETE ON document BEGIN " DISCLOSURE_TALLY_DOC("old", "-1")
+            DISCLOSURE_GRAMS_GO("doc_gram", DISCLOSURE_DOC_WORDS) DISCLOSURE_FORGET("doc_tagged")
+                DISCLOSURE_FORGET("doc_content") "END",
+        "CREATE TRIGGER document_changed AFTER UPDATE OF folder_id, deleted, updated_by, extension, tag_number ON "
+        "document WHEN (new.folder_id, new.deleted, new.updated_by, new.extension, new.tag_number) <> "
+        "(old.folder_id, old.deleted, old.updated_by, old.extension, old.tag_number) "
+        "BEGIN " DISCLOSURE_TALLY_DOC("old", "-1") DISCLOSURE_TALLY_DOC("new", "1") "END",
+        "CREATE TRIGGER document_renamed AFTER UPDATE OF search_name, deleted ON document WHEN (new.search_name, "
+        "new.deleted) <> (old.search_name, old.deleted) "
+        "BEGIN " DISCLOSURE_GRAMS_GO("doc_gram", DISCLOSURE_DOC_WORDS)
+            DISCLOSURE_GRAMS_COME("doc_gram", DISCLOSURE_DOC_WORDS) "END",
+        "CREATE TRIGGER document_hidden AFTER UPDATE OF deleted ON document WHEN new.deleted > old.deleted "
+        "BEGIN " DISCLOSURE_SHOW_TAGS("- 1") "END",
+        "CREATE TRIGGER document_shown AFTER UPDATE OF deleted ON document WHEN new.deleted < old.deleted "
+        "BEGIN " DISCLOSURE_SHOW_TAGS("+ 1") "END",
+        R"(CREATE TRIGGER doc_tagged_added AFTER INSERT ON doc_tagged BEGIN UPDATE doc_tag SET uses = uses + 1, shown =
+            shown + (SELECT COUNT(*) FROM document d WHERE d.rid = new.doc_rid AND d.deleted = 0) WHERE dept_id =
+            new.dept_id AND tag_id = new.tag_id; END)",
+        R"(CREATE TRIGGER doc_tagged_removed AFTER DELETE ON doc_tagged BEGIN UPDATE doc_tag SET uses = uses - 1, shown
+            = shown - (SELECT COUNT(*) FROM document d WHERE d.rid = old.doc_rid AND d.deleted = 0) WHERE dept_id =
+            old.dept_id AND tag_id = old.tag_id; DELETE FROM doc_tag WHERE dept_id = old.dept_id AND tag_id =
+            old.tag_id AND uses = 0; END)",
+        "CREATE TRIGGER doc_content_removed AFTER DELETE ON doc_content BEGIN UPDATE stored_file SET loose_since = 1 "
+        "WHERE dept_id = old.dept_id AND uuid = old.uuid; END",
+        // What a task gives up may have been deleted meanwhile.
+        "CREATE INDEX task_doc_ref ON task_doc (dept_id, ref_doc_id) WHERE source_type = 0",
+        R"(CREATE TRIGGER task_doc_unlinked AFTER DELETE ON task_doc WHEN old.source_type = 0 BEGIN UPDATE document SET
+            loose_since = updated_at WHERE dept_id = old.dept_id AND doc_id = old.ref_doc_id AND deleted = 1; END)",
+#undef DISCLOSURE_FORGET
+#undef DISCLOSURE_SHOW_TAGS
+#undef DISCLOSURE_TALLY_DOC
+#undef DISCLOSURE_DOC_WORDS
+    },
 };
 
+#undef DISCLOSURE_DEPT
+#undef DISCLOSURE_GRAMS_GO
+#undef DISCLOSURE_GRAMS_COME
+#undef DISCLOSURE_GRAM_TABLE
 #undef DISCLOSURE_TALLY_STATE
 #undef DISCLOSURE_TALLY_OWN
 #undef DISCLOSURE_SHOWN

@@ -164,7 +164,8 @@ inline constexpr auto KnownFiles =
 inline constexpr auto BytesUsed = "SELECT f.bytes FROM file_usage f WHERE f.dept_id = :dept";
 inline constexpr auto UploadsBefore = "SELECT k.dept_id, k.uuid FROM file_upload k WHERE k.begun_at < :before";
 inline constexpr auto References = "SELECT " DISCLOSURE_REFERS("task_doc", "uuid") " + " DISCLOSURE_REFERS(
-    "task_attachment", "uuid") " + " DISCLOSURE_REFERS("task_attachment", "thumbnail_uuid");
+    "task_attachment", "uuid") " + " DISCLOSURE_REFERS("task_attachment", "thumbnail_uuid") " + (SELECT COUNT(*) FROM "
+                               "doc_content c WHERE c.dept_id = :dept AND c.uuid = :uuid)";
 inline constexpr auto LooseFiles =
     "SELECT f.dept_id, f.uuid, f.loose_since FROM stored_file f WHERE f.loose_since > 0 AND f.loose_since <= :before "
     "ORDER BY f.loose_since LIMIT :most";
@@ -246,6 +247,77 @@ inline constexpr auto RightsOf =
     "SELECT COALESCE(g.right_key, '') FROM above a CROSS JOIN member m LEFT JOIN granted g "
     "ON g.dept_id = m.dept_id AND g.username = m.username WHERE m.dept_id = a.dept_id AND m.username = :username";
 
+inline constexpr auto DocFolders =
+    "SELECT f.dept_id, f.folder_id, f.parent_id, f.name, f.depth, (SELECT COALESCE(SUM(y.number), 0) FROM doc_tally y "
+    "WHERE y.dept_id = f.dept_id AND y.folder_id = f.folder_id AND y.deleted = 0) FROM doc_folder f "
+    "WHERE f.dept_id = :dept ORDER BY f.depth, f.name";
+inline constexpr auto DocFolderById =
+    "SELECT f.dept_id, f.folder_id, f.parent_id, f.name, f.depth, 0 FROM doc_folder f WHERE f.dept_id = :dept AND "
+    "f.folder_id = :id";
+inline constexpr auto DocFolderNamed =
+    "SELECT COUNT(*) FROM doc_folder f WHERE f.dept_id = :dept AND f.parent_id = :parent AND f.name = :name";
+inline constexpr auto DocFolderCount = "SELECT COUNT(*) FROM doc_folder f WHERE f.dept_id = :dept";
+inline constexpr auto DocFolderUsed =
+    "SELECT CASE WHEN EXISTS (SELECT 1 FROM doc_folder f WHERE f.dept_id = :dept AND f.parent_id = :id) OR EXISTS "
+    "(SELECT 1 FROM doc_tally y WHERE y.dept_id = :dept AND y.folder_id = :id AND y.deleted = 0 AND y.number > 0) THEN "
+    "1 ELSE 0 END";
+inline constexpr auto DocFolderWithin =
+    "WITH RECURSIVE up(id) AS (SELECT CAST(:id AS VARCHAR(64)) UNION SELECT f.parent_id FROM up CROSS JOIN doc_folder "
+    "f WHERE f.dept_id = :dept AND f.folder_id = up.id) SELECT COUNT(*) FROM up WHERE id = :other";
+#define DISCLOSURE_INSIDE                                                                                         \
+    "WITH RECURSIVE inside(id, depth) AS (SELECT f.folder_id, f.depth FROM doc_folder f WHERE f.dept_id = :dept " \
+    "AND f.folder_id = :id UNION ALL SELECT f.folder_id, f.depth FROM inside i CROSS JOIN doc_folder f WHERE "    \
+    "f.dept_id = :dept AND f.parent_id = i.id) "
+inline constexpr auto DeepestDocFolder = DISCLOSURE_INSIDE "SELECT COALESCE(MAX(depth), 0) FROM inside";
+inline constexpr auto SinkDocFolders = DISCLOSURE_INSIDE
+    "UPDATE doc_folder SET depth = depth + :by WHERE dept_id = :dept AND folder_id IN (SELECT id FROM inside)";
+/// A deleted document whose folder has gone lies in the top.
+#define DISCLOSURE_DOCUMENT                                                                                     \
+    "SELECT d.rid, d.dept_id, d.doc_id, CASE WHEN d.deleted = 0 OR EXISTS (SELECT 1 FROM doc_folder f WHERE "   \
+    "f.dept_id = d.dept_id AND f.folder_id = d.folder_id) THEN d.folder_id ELSE '0' END, d.name, d.extension, " \
+    "d.uuid, d.md5, d.size, d.woven_at, d.content_number, d.updated_by, d.updated_at, d.deleted, "              \
+    "COALESCE(p.realname, d.updated_by) FROM "
+#define DISCLOSURE_DOCUMENT_AND_WHO " CROSS JOIN document d LEFT JOIN person p ON p.username = d.updated_by WHERE "
+/// The query for the page's numbers stands between these two.
+inline constexpr auto DocumentsOfPage = DISCLOSURE_DOCUMENT "(";
+inline constexpr auto DocumentsOfPageEnd =
+    ") page" DISCLOSURE_DOCUMENT_AND_WHO "d.rid = page.rid ORDER BY d.updated_at DESC, d.rid DESC";
+inline constexpr auto DocumentsById =
+    DISCLOSURE_DOCUMENT "json_each(:ids) j" DISCLOSURE_DOCUMENT_AND_WHO "d.dept_id = :dept AND d.doc_id = j.value";
+inline constexpr auto LooseDocuments = DISCLOSURE_DOCUMENT
+    "document d INDEXED BY document_loose LEFT JOIN person p ON p.username = d.updated_by WHERE d.loose_since > 0 AND "
+    "d.loose_since <= :before ORDER BY d.loose_since LIMIT :most";
+inline constexpr auto TagsOfDocuments =
+    "SELECT l.doc_rid, g.tag_id, g.name FROM json_each(:rids) j CROSS JOIN doc_tagged l INDEXED BY doc_tagged_doc "
+    "CROSS "
+    "JOIN doc_tag g WHERE l.dept_id = :dept AND l.doc_rid = j.value AND g.dept_id = l.dept_id AND g.tag_id = l.tag_id "
+    "ORDER BY l.position";
+inline constexpr auto ContentsOfDocument =
+    "SELECT c.uuid, c.md5, c.name, c.extension, c.size, c.updated_by, c.updated_at, COALESCE(p.realname, c.updated_by) "
+    "FROM doc_content c LEFT JOIN person p ON p.username = c.updated_by WHERE c.dept_id = :dept AND c.doc_rid = :rid "
+    "ORDER BY c.number DESC";
+inline constexpr auto DocUpdaters =
+    "SELECT DISTINCT y.updated_by, COALESCE(p.realname, y.updated_by) AS shown_name FROM doc_tally y LEFT JOIN person "
+    "p "
+    "ON p.username = y.updated_by WHERE y.dept_id = :dept AND y.folder_id = :folder AND y.deleted = 0 AND y.number > 0 "
+    "ORDER BY shown_name, y.updated_by";
+/// How many documents there are that these let in; an empty name, an empty list and 0 stand for all.
+inline constexpr auto DocumentsLike =
+    "SELECT COALESCE(SUM(y.number), 0) FROM doc_tally y WHERE y.dept_id = :dept AND y.folder_id = :folder AND "
+    "y.deleted = :deleted AND (:person = '' OR y.updated_by = :person) AND (:extensions = '[]' OR y.extension IN "
+    "(SELECT value FROM json_each(:extensions))) AND (:untagged = 0 OR y.untagged = 1)";
+inline constexpr auto DocTags =
+    "SELECT g.tag_id, g.name FROM doc_tag g INDEXED BY doc_tag_name WHERE g.dept_id = :dept AND g.shown > 0 "
+    "ORDER BY g.name";
+inline constexpr auto DocTagNamed = "SELECT g.tag_id, g.name FROM doc_tag g WHERE g.dept_id = :dept AND g.name = :name";
+inline constexpr auto DocTagCount = "SELECT COUNT(*) FROM doc_tag g WHERE g.dept_id = :dept";
+inline constexpr auto DocTagUses = "SELECT g.uses FROM doc_tag g WHERE g.dept_id = :dept AND g.tag_id = :tag";
+inline constexpr auto LinksToDocuments =
+    "SELECT COUNT(DISTINCT l.ref_doc_id), COUNT(DISTINCT l.task_rid) FROM json_each(:ids) j CROSS JOIN task_doc l "
+    "INDEXED BY task_doc_ref CROSS JOIN task t WHERE l.dept_id = :dept AND l.source_type = 0 AND l.ref_doc_id = "
+    "j.value "
+    "AND t.rid = l.task_rid AND " DISCLOSURE_IS_THERE;
+
 /// Those that must find their rows by a key, however large the tables are.
 inline constexpr const char* Keyed[] = {
     Catalogs,
@@ -311,6 +383,25 @@ inline constexpr const char* Keyed[] = {
     UploadsBefore,
     References,
     LooseFiles,
+    DocFolders,
+    DocFolderById,
+    DocFolderNamed,
+    DocFolderCount,
+    DocFolderUsed,
+    DocFolderWithin,
+    DeepestDocFolder,
+    SinkDocFolders,
+    DocumentsById,
+    LooseDocuments,
+    TagsOfDocuments,
+    ContentsOfDocument,
+    DocUpdaters,
+    DocumentsLike,
+    DocTags,
+    DocTagNamed,
+    DocTagCount,
+    DocTagUses,
+    LinksToDocuments,
 };
 
 #undef DISCLOSURE_REACH
@@ -326,6 +417,9 @@ inline constexpr const char* Keyed[] = {
 #undef DISCLOSURE_SHOWS
 #undef DISCLOSURE_REFERS
 #undef DISCLOSURE_MAIL
+#undef DISCLOSURE_INSIDE
+#undef DISCLOSURE_DOCUMENT
+#undef DISCLOSURE_DOCUMENT_AND_WHO
 #undef DISCLOSURE_THIS_REMINDER
 
 }  // namespace disclosure::queries

@@ -109,6 +109,31 @@ public:
     std::vector<LooseFile> looseFiles(std::int64_t time, std::size_t most) override;
     void setLoose(const FileKey& key, std::int64_t since) override;
 
+    std::vector<DocumentFolder> folders(const std::string& deptId) override;
+    std::optional<DocumentFolder> folder(const std::string& deptId, const std::string& id) override;
+    bool hasFolderNamed(const std::string& deptId, const std::string& parentId, const std::string& name) override;
+    std::int64_t folderCount(const std::string& deptId) override;
+    bool isFolderUsed(const std::string& deptId, const std::string& id) override;
+    bool isFolderWithin(const std::string& deptId, const std::string& id, const std::string& other) override;
+    std::int32_t deepestWithin(const std::string& deptId, const std::string& id) override;
+    void addFolder(const DocumentFolder& folder) override;
+    void putFolder(const DocumentFolder& folder) override;
+    void removeFolder(const std::string& deptId, const std::string& id) override;
+    DocumentPage pageDocuments(const DocumentFilter& filter) override;
+    std::vector<Document> documents(const std::string& deptId, const std::vector<std::string>& ids) override;
+    std::vector<DocumentContent> contentsOf(const Document& document) override;
+    std::vector<Person> updatersIn(const std::string& deptId, const std::string& folderId) override;
+    std::vector<DocumentTag> tags(const std::string& deptId) override;
+    std::optional<DocumentTag> tagNamed(const std::string& deptId, const std::string& name) override;
+    std::int64_t tagCount(const std::string& deptId) override;
+    void addTag(const std::string& deptId, const DocumentTag& tag) override;
+    std::int64_t addDocument(const Document& document) override;
+    void putDocument(const Document& document, const Document& before) override;
+    DocumentLinks linksTo(const std::string& deptId, const std::vector<std::string>& ids) override;
+    std::vector<Document> looseDocuments(std::int64_t time, std::size_t most) override;
+    void holdDocument(const Document& document) override;
+    void removeDocument(const Document& document) override;
+
     std::vector<PushConfig> remindingConfigs() override;
     std::optional<ReminderRun> reminderRun(const std::string& deptId, ReminderKind kind) override;
     void putReminderRun(const ReminderRun& run) override;
@@ -157,13 +182,24 @@ private:
     std::int64_t countOfStatus(const TaskFilter& filter);
     std::int64_t countOfOwn(const OwnTaskFilter& filter);
     template <class... Used>
+    std::vector<DocumentFolder> readFolders(const char* query, Used&&... used);
+    /// The documents that a statement gives, in its order, without their tags.
+    std::vector<Document> readDocuments(std::string_view text, const std::function<void(soci::statement&)>& bind);
+    void addTags(const std::string& deptId, std::vector<Document>& documents);
+    /// Runs a statement that names every column of a document.
+    void writeDocument(const char* statement, const Document& document);
+    void addContent(const Document& document, std::int64_t rid);
+    void writeTags(const Document& document, std::int64_t rid, const std::vector<DocumentTag>& before);
+    /// How many documents there are that the filter's folder, types, updater and lack of a tag let in.
+    std::int64_t documentsLike(const DocumentFilter& filter);
+    template <class... Used>
     std::vector<PushConfig> readPushConfigs(const char* query, Used&&... used);
     std::vector<Mail> readMails(const char* query, std::int64_t time, const char* name, std::int64_t most);
     /// May narrow the filter to the department's top catalog.
     std::optional<TaskScope> scopeOf(TaskFilter& filter);
     TaskPlan::Path bestPath(const TaskPlan& plan, const TaskScope& scope);
     /// Runs a statement made for one filter; returns its only column.
-    std::vector<std::int64_t> readNumbers(const TaskSql& sql);
+    std::vector<std::int64_t> readNumbers(const BoundSql& sql);
     template <class... Used>
     std::vector<Catalog> readCatalogs(const char* query, Used&&... used);
     template <class... Used>

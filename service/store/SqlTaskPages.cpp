@@ -19,21 +19,16 @@ constexpr int ToReceive = 1;
 constexpr int ToReceiveOfOneself = 2;
 constexpr int ToDisclose = 3;
 
-void bindValues(soci::statement& statement, const TaskSql& sql) {
-    for (const auto& [name, value] : sql.values)
-        statement.exchange(use(value, name));
-}
-
 }  // namespace
 
-std::vector<std::int64_t> SqlStore::readNumbers(const TaskSql& sql) {
+std::vector<std::int64_t> SqlStore::readNumbers(const BoundSql& sql) {
     std::vector<std::int64_t> numbers;
     std::int64_t number = 0;
     m_statements.eachOfOnce(
         sql.text, [&] { numbers.push_back(number); },
         [&](soci::statement& statement) {
             statement.exchange(into(number));
-            bindValues(statement, sql);
+            sql.bind(statement);
         });
     return numbers;
 }
@@ -70,18 +65,9 @@ TaskPlan::Path SqlStore::bestPath(const TaskPlan& plan, const TaskScope& scope) 
     const auto& paths = plan.paths();
     if (paths.size() == 1 || (paths.front() == TaskPlan::Path::Catalog && scope.tasks <= SmallCatalog))
         return paths.front();
-    TaskPlan::Path best = paths.front();
-    std::int64_t fewest = scope.tasks;
-    for (const TaskPlan::Path path : paths) {
-        if (path == TaskPlan::Path::Catalog)
-            continue;
-        const std::int64_t number = readNumbers(plan.probe(path, fewest)).front();
-        if (number < fewest) {
-            fewest = number;
-            best = path;
-        }
-    }
-    return best;
+    return shortest(paths, paths.front(), scope.tasks, [&](TaskPlan::Path path, std::int64_t fewest) {
+        return path == TaskPlan::Path::Catalog ? fewest : readNumbers(plan.probe(path, fewest)).front();
+    });
 }
 
 TaskPage SqlStore::pageTasks(const TaskFilter& asked) {
@@ -143,23 +129,23 @@ std::int64_t SqlStore::countOfOwn(const OwnTaskFilter& filter) {
 
 OwnTaskPage SqlStore::pageOwnTasks(const OwnTaskFilter& filter) {
     using Role = OwnTaskFilter::Role;
-    TaskSql sql;
-    sql.values.emplace_back("username", filter.username);
+    BoundSql sql;
+    sql.texts.emplace_back("username", filter.username);
     std::string conditions;
     if (!filter.deptId.empty()) {
         conditions += " AND t.dept_id = :dept";
-        sql.values.emplace_back("dept", filter.deptId);
+        sql.texts.emplace_back("dept", filter.deptId);
     }
     if (filter.from > 0 || filter.to != Never)
         conditions +=
             " AND t.plan_disclosure BETWEEN " + std::to_string(filter.from) + " AND " + std::to_string(filter.to);
     if (!filter.discloser.empty()) {
         conditions += " AND t.discloser = :discloser";
-        sql.values.emplace_back("discloser", filter.discloser);
+        sql.texts.emplace_back("discloser", filter.discloser);
     }
     if (!filter.keyword.empty()) {
         conditions += " AND INSTR(t.search_name, :keyword) > 0";
-        sql.values.emplace_back("keyword", searchForm(filter.keyword));
+        sql.texts.emplace_back("keyword", searchForm(filter.keyword));
     }
     if (readNumber(queries::AnyTasksGoing) > 0)
         conditions += queries::AndIsThere;

@@ -1,7 +1,5 @@
 #include <algorithm>
 #include <functional>
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
 #include <tuple>
 #include <unordered_map>
 
@@ -38,16 +36,6 @@ constexpr auto UpdateProgress =
 auto knownOf(const Task& t) {
     return std::tie(t.catalogId, t.name, t.discloser, t.constructionStart, t.constructionEnd, t.planDisclosure,
                     t.actualDisclosure, t.expiry, t.published);
-}
-
-std::string jsonOf(const std::vector<std::string>& texts) {
-    rapidjson::StringBuffer buffer;
-    rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
-    writer.StartArray();
-    for (const std::string& text : texts)
-        writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
-    writer.EndArray();
-    return {buffer.GetString(), buffer.GetSize()};
 }
 
 /// `each` runs a query, given what is called after each row and what the row goes to.

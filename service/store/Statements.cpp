@@ -1,6 +1,8 @@
 #include "service/store/Statements.h"
 
 #include <exception>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
 
 namespace disclosure {
 
@@ -9,6 +11,16 @@ std::string listed(const std::vector<std::int64_t>& numbers) {
     for (const std::int64_t number : numbers)
         text += (text.empty() ? "" : ",") + std::to_string(number);
     return text;
+}
+
+std::string jsonOf(const std::vector<std::string>& texts) {
+    rapidjson::StringBuffer buffer;
+    rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+    writer.StartArray();
+    for (const std::string& text : texts)
+        writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
+    writer.EndArray();
+    return {buffer.GetString(), buffer.GetSize()};
 }
 
 Statements::Kept::Kept(Statements& owner, std::string_view text)

@@ -13,6 +13,9 @@ namespace disclosure {
 /// The numbers as they stand in the brackets after IN.
 std::string listed(const std::vector<std::int64_t>& numbers);
 
+/// The texts as a list in JSON.
+std::string jsonOf(const std::vector<std::string>& texts);
+
 /// The statements of one connection. Those that are known beforehand are compiled at their first use and kept, because
 /// compiling costs more than most of them take to run. What is bound is given by soci::into and soci::use, called
 /// among the arguments: these refer to the variable and to its name, and both must outlive the call.
@@ -85,7 +88,16 @@ public:
         return found;
     }
 
-    /// As `each`, for a text that is made for one call, and with what `bind` gives the statement.
+    /// As `each`, with what `bind` gives the statement.
+    template <class Take, class Bind>
+    void eachOf(std::string_view text, Take&& take, Bind&& bind) {
+        Kept statement(*this, text);
+        bind(*statement);
+        statement->define_and_bind();
+        fetchAll(*statement, take);
+    }
+
+    /// As `eachOf`, for a text that is made for one call.
     template <class Take, class Bind>
     void eachOfOnce(const std::string& text, Take&& take, Bind&& bind) {
         soci::statement statement(m_sql);

@@ -115,20 +115,16 @@ std::string TaskPlan::conditions(Path path) const {
     return text;
 }
 
-TaskSql TaskPlan::statement(std::string text) const {
-    TaskSql sql{std::move(text), {}};
-    const auto give = [&sql](const char* name, const std::string& value) {
-        if (sql.text.find(std::string(":") + name) != std::string::npos)
-            sql.values.emplace_back(name, value);
-    };
-    give("dept", m_filter.deptId);
-    give("catalog", m_filter.catalogId);
-    give("keyword", m_keyword);
-    give("grams", gramQuery(m_filter.deptId, m_keyword));
+BoundSql TaskPlan::statement(std::string text) const {
+    BoundSql sql{std::move(text)};
+    sql.give("dept", m_filter.deptId);
+    sql.give("catalog", m_filter.catalogId);
+    sql.give("keyword", m_keyword);
+    sql.give("grams", gramQuery(m_filter.deptId, m_keyword));
     return sql;
 }
 
-TaskSql TaskPlan::probe(Path path, std::int64_t most) const {
+BoundSql TaskPlan::probe(Path path, std::int64_t most) const {
     TaskFilter alone = m_filter;
     if (path != Path::Date)
         alone.date = TaskFilter::Date::None;
@@ -142,7 +138,7 @@ TaskSql TaskPlan::probe(Path path, std::int64_t most) const {
     return plan.statement("SELECT COUNT(*) FROM (SELECT 1 " + plan.from(path) + plan.conditions(path) + limit);
 }
 
-TaskSql TaskPlan::count(Path path) const {
+BoundSql TaskPlan::count(Path path) const {
     const bool namesAlone =
         path == Path::Names && m_paths.size() == 1 && gramQueryIsExact(m_keyword) && m_scope.going == 0;
     if (namesAlone)
@@ -156,7 +152,7 @@ bool TaskPlan::isOrdered(Path path) const {
     return path == Path::Date && m_filter.order == orderOf(m_filter.date);
 }
 
-TaskSql TaskPlan::page(Path path, std::int64_t total) const {
+BoundSql TaskPlan::page(Path path, std::int64_t total) const {
     const Column order = columnOf(m_filter.order);
     const bool walk = total * Dense >= m_scope.departmentTasks + m_scope.going && !isOrdered(path);
     std::string text = with() + "SELECT t.rid " +

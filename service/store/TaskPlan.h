@@ -2,18 +2,12 @@
 
 #include <cstdint>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "service/ports/TaskRecords.h"
+#include "service/store/BoundSql.h"
 
 namespace disclosure {
-
-/// A statement with the texts it is given by name; its numbers stand in it.
-struct TaskSql {
-    std::string text;
-    std::vector<std::pair<std::string, std::string>> values;
-};
 
 /// What the catalogs know of a catalog's subtree without looking at a task.
 struct TaskScope {
@@ -40,10 +34,10 @@ public:
     /// The ways to the tasks, the likely best first.
     const std::vector<Path>& paths() const { return m_paths; }
     /// The number of tasks that lie on the way, counted up to `most`.
-    TaskSql probe(Path path, std::int64_t most) const;
-    TaskSql count(Path path) const;
+    BoundSql probe(Path path, std::int64_t most) const;
+    BoundSql count(Path path) const;
     /// The numbers of the page's tasks out of `total`, in order when `reversed()` is false, else from the last.
-    TaskSql page(Path path, std::int64_t total) const;
+    BoundSql page(Path path, std::int64_t total) const;
     /// The second half of the list is read from its end.
     bool reversed(std::int64_t total) const { return m_filter.offset > total / 2; }
 
@@ -52,7 +46,7 @@ private:
     std::string from(Path path) const;
     std::string conditions(Path path) const;
     bool isOrdered(Path path) const;
-    TaskSql statement(std::string text) const;
+    BoundSql statement(std::string text) const;
 
     TaskFilter m_filter;
     TaskScope m_scope;
