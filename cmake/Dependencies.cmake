@@ -14,6 +14,7 @@ find_package(CURL REQUIRED)
 find_package(ICU REQUIRED COMPONENTS uc)
 find_package(date REQUIRED)
 pkg_check_modules(sodium REQUIRED IMPORTED_TARGET libsodium)
+pkg_check_modules(cairo REQUIRED IMPORTED_TARGET cairo)
 
 # SOCI ships no CMake package on Debian.
 find_library(SOCI_CORE soci_core REQUIRED)

@@ -9,7 +9,7 @@ build=(
     libboost-dev libboost-system-dev libcpprest-dev libssl-dev
     libsoci-dev libsqlite3-dev rapidjson-dev libsodium-dev libspdlog-dev libcli11-dev libtomlplusplus-dev
     libgtest-dev libgmock-dev libbenchmark-dev libyaml-cpp-dev
-    libcurl4-openssl-dev libicu-dev libhowardhinnant-date-dev tzdata ca-certificates
+    libcurl4-openssl-dev libicu-dev libhowardhinnant-date-dev tzdata ca-certificates libcairo2-dev
 )
 runtime=(
     qml-module-qtquick2 qml-module-qtquick-window2 qml-module-qtquick-layouts qml-module-qtquick-controls

@@ -5,6 +5,7 @@
 #include "service/commands/Open.h"
 #include "service/commands/Organisation.h"
 #include "service/domain/Demo.h"
+#include "service/domain/DemoDocuments.h"
 #include "service/domain/DemoTasks.h"
 #include "service/text/Text.h"
 
@@ -25,7 +26,7 @@ int seedDemonstration(const Settings& settings) {
         return writer->finish();
     };
     if (seedDemo(*store, Passwords()))
-        seedDemoTasks(*store, now(), keep);
+        seedDemoTasks(*store, now(), seedDemoDocuments(*store, now(), keep), keep);
     return 0;
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <string>
+
 #include "service/domain/Passwords.h"
 #include "service/ports/IStore.h"
 
@@ -12,5 +15,8 @@ inline constexpr auto DemoDept = "demo-dept-1";
 /// catalogs of a building site for the first. Done again, it changes nothing that somebody has changed since. Returns
 /// whether the catalogs are new. Throws std::invalid_argument where others have departments.
 bool seedDemo(IStore& store, const Passwords& passwords);
+
+/// Puts the content on the disk as the file of that uuid; returns its MD5.
+using KeepContent = std::function<std::string(const std::string& uuid, const std::string& content)>;
 
 }  // namespace disclosure

@@ -4,7 +4,6 @@
 #include <set>
 
 #include "service/domain/Confirmations.h"
-#include "service/domain/Demo.h"
 #include "service/domain/Files.h"
 #include "service/domain/Tasks.h"
 #include "service/ports/Changing.h"
@@ -76,9 +75,21 @@ TaskDoc addDocument(IStore& store, const Catalog& catalog, const std::string& ti
             ""};
 }
 
+/// Those about the catalog's work, and any other.
+void linkDocuments(TaskContent& content, const Catalog& catalog, const std::vector<Document>& documents, int number) {
+    constexpr std::size_t Most = 2;
+    std::vector<const Document*> chosen{&documents[static_cast<std::size_t>(number) % documents.size()]};
+    for (const Document& document : documents)
+        if (chosen.size() < Most && document.name.starts_with(catalog.name) && &document != chosen.front())
+            chosen.push_back(&document);
+    for (const Document* d : chosen)
+        content.docs.push_back(
+            {"", 0, d->name, d->uuid, d->md5, static_cast<std::int32_t>(d->size), d->extension, TaskDoc::Filed, d->id});
+}
+
 }  // namespace
 
-void seedDemoTasks(IStore& store, std::int64_t now, const KeepContent& keep) {
+void seedDemoTasks(IStore& store, std::int64_t now, const std::vector<Document>& documents, const KeepContent& keep) {
     // A repetition stores the documents anew; the contents of the first try are left to the sweep.
     changing(store, [&] {
         int number = 0;
@@ -90,6 +101,7 @@ void seedDemoTasks(IStore& store, std::int64_t now, const KeepContent& keep) {
                 const std::int64_t filed = now - (200 - number) * 60'000LL;
                 TaskContent content = contentOf(catalog, number, dayOf(now), progress);
                 content.docs.push_back(addDocument(store, catalog, content.name, filed, keep));
+                linkDocuments(content, catalog, documents, number);
                 Tasks(store, People[0], filed).save(DemoDept, id, content);
                 const TaskKey key{store.task(DemoDept, id)->rid, DemoDept, id};
                 if (progress == Begun || progress == Done)
