@@ -318,9 +318,6 @@ TEST_F(FileRules, ATasksUploadedDocumentsAreStoredFilesOfItsDepartment) {
         EXPECT_EQ(answer.code(), 422) << doc;
         EXPECT_EQ(answer.msg(), "资料尚未上传或已失效，请重新上传");
     }
-    EXPECT_EQ(
-        save(taskBody("s", "库", R"(,"disclosureTaskDocList":[{"name":"a","refDocId":"r","sourceType":0}])")).code(),
-        200);
     const std::string body = taskBody("t", "任务", docsWith(uuid, "content"));
     ASSERT_EQ(save(body).code(), 200);
     EXPECT_EQ(update("t", R"(,"saveDisclosureTaskDocList":[)" + docJson("e", "b", "none", md5, 7) + "]").code(), 422);

@@ -38,6 +38,31 @@ const Row Table[] = {
     {"POST", "/rs/platform/files?deptId={dept}&name=a.txt", "text", 403, 200, 200, 403, 403, 404},
     {"GET", "/rs/platform/files/{uuid}?deptId={dept}", "", 200, 200, 200, 200, 200, 404},
     {"POST", "/rs/platform/files/delete", R"({"deptId":"{dept}","uuid":"{uuid}"})", 403, 200, 403, 403, 403, 404},
+    {"GET", "/rs/platform/documents?deptId={dept}", "", 200, 200, 200, 200, 200, 404},
+    {"GET", "/rs/platform/documents?deptId={dept}&deleted=1", "", 403, 403, 200, 403, 403, 404},
+    {"GET", "/rs/platform/documents/folders?deptId={dept}", "", 200, 200, 200, 200, 200, 404},
+    {"GET", "/rs/platform/documents/updaters?deptId={dept}&folderId={folder}", "", 200, 200, 200, 200, 200, 404},
+    {"GET", "/rs/platform/documents/tags?deptId={dept}", "", 200, 200, 200, 200, 200, 404},
+    {"GET", "/rs/platform/documents/types", "", 200, 200, 200, 200, 200, 200, false},
+    {"GET", "/rs/platform/documents/find?deptId={dept}&ids={doc}", "", 200, 200, 200, 200, 200, 404},
+    {"GET", "/rs/platform/documents/contents?deptId={dept}&id={doc}", "", 200, 200, 200, 200, 200, 404},
+    {"POST", "/rs/platform/documents/folders/save", R"({"id":"new","deptId":"{dept}","name":"新"})", 403, 200, 200, 403,
+     403, 404},
+    {"POST", "/rs/platform/documents/folders/update", R"({"id":"{folder}","deptId":"{dept}","name":"改"})", 403, 200,
+     200, 403, 403, 404},
+    {"POST", "/rs/platform/documents/folders/update", R"({"id":"{folder}","deptId":"{dept}","parentId":"parent"})", 403,
+     403, 200, 403, 403, 404},
+    {"POST", "/rs/platform/documents/folders/delete", R"({"id":"{folder}","deptId":"{dept}"})", 403, 403, 200, 403, 403,
+     404},
+    {"POST", "/rs/platform/documents/save", R"({"id":"new","deptId":"{dept}","name":"新","uuid":"{uuid}"})", 403, 200,
+     200, 403, 403, 404},
+    {"POST", "/rs/platform/documents/update", R"({"ids":["{doc}"],"deptId":"{dept}","name":"改"})", 403, 200, 200, 403,
+     403, 404},
+    {"POST", "/rs/platform/documents/update", R"({"ids":["{doc}"],"deptId":"{dept}","folderId":"{folder}"})", 403, 403,
+     200, 403, 403, 404},
+    {"POST", "/rs/platform/documents/delete", R"({"ids":["{doc}"],"deptId":"{dept}"})", 403, 403, 200, 403, 403, 404},
+    {"POST", "/rs/platform/documents/restore", R"({"ids":["{deleted}"],"deptId":"{dept}"})", 403, 403, 200, 403, 403,
+     404},
     {"POST", "/rs/auth/logout", "", 200, 200, 200, 200, 200, 200, false},
     {"GET", "/rs/disclosure/task/page_disclosure_task_by_deptid_and_catalogid?deptId={dept}", "", 200, 200, 200, 200,
      200, 404},
@@ -92,11 +117,23 @@ protected:
             demo.post(TaskPath + "save_push_config", R"({"id":"config","deptId":"demo-dept-1"})");
         second.post(TaskPath + "save_push_config", R"({"id":"config-2","deptId":"demo-dept-2"})");
         // The content looks like a success, as the other answers do.
-        const auto upload = [](Client&& client, const char* deptId) -> std::string {
+        const auto upload = [](auto&& client, const char* deptId) -> std::string {
             return client.upload(deptId, "a.txt", R"({"code":200})").json()["result"]["uuid"].GetString();
         };
         own["{uuid}"] = upload(service.loggedIn("editor"), FirstDept);
         foreign["{uuid}"] = upload(service.loggedIn("second"), SecondDept);
+        const auto file = [&](Client& client, const char* deptId, const Names& names) {
+            const auto post = [&](const char* operation, const Members& members) {
+                EXPECT_EQ(client.post(DocumentsPath + operation, object({{"deptId", deptId}}, members)).code(), 200);
+            };
+            post("folders/save", {{"id", "parent"}, {"name", "上级"}});
+            post("folders/save", {{"id", names.at("{folder}")}, {"name", "图纸"}});
+            for (const char* key : {"{doc}", "{deleted}"})
+                post("save", {{"id", names.at(key)}, {"name", "图"}, {"uuid", upload(client, deptId)}});
+            post("delete", {{"ids", list({names.at("{deleted}")})}});
+        };
+        file(demo, FirstDept, own);
+        file(second, SecondDept, foreign);
     }
     Answer ask(const std::string& person, const Names& names) {
         const Row& row = GetParam();
@@ -115,15 +152,22 @@ protected:
                std::to_string(service.number(
                    "SELECT (SELECT COUNT(*) FROM task) + 100 * (SELECT COUNT(*) FROM task_log) + 10000 * (SELECT "
                    "COUNT(*) + SUM(days_advance) FROM push_config) + 1000000 * (SELECT SUM(updated_at % 1000) FROM "
-                   "task) + 1000000000 * (SELECT COUNT(*) FROM stored_file)"));
+                   "task) + 1000000000 * (SELECT COUNT(*) FROM stored_file)")) +
+               std::to_string(service.number(
+                   "SELECT (SELECT COUNT(*) + 10 * SUM(LENGTH(name)) + 1000 * SUM(depth) FROM doc_folder) + 10000 * "
+                   "(SELECT COUNT(*) + 10 * SUM(LENGTH(folder_id)) + 1000 * SUM(deleted) FROM document) + 1000000000 "
+                   "* (SELECT SUM(name = '改.txt') + SUM(name = '改') FROM (SELECT name FROM document UNION ALL SELECT "
+                   "name FROM doc_folder))"));
     }
 
     TestService service;
-    Names own{{"{dept}", FirstDept},        {"{catalog}", "demo-catalog-17"},
-              {"{full}", "demo-catalog-2"}, {"{task}", "task"},
-              {"{plan}", "plan"},           {"{config}", "config"}};
-    Names foreign{{"{dept}", SecondDept}, {"{catalog}", "catalog-2"}, {"{full}", "full-2"},
-                  {"{task}", "task-2"},   {"{plan}", "plan-2"},       {"{config}", "config-2"}};
+    Names own{
+        {"{dept}", FirstDept},   {"{catalog}", "demo-catalog-17"}, {"{full}", "demo-catalog-2"}, {"{task}", "task"},
+        {"{plan}", "plan"},      {"{config}", "config"},           {"{folder}", "folder"},       {"{doc}", "doc"},
+        {"{deleted}", "deleted"}};
+    Names foreign{{"{dept}", SecondDept},   {"{catalog}", "catalog-2"}, {"{full}", "full-2"},
+                  {"{task}", "task-2"},     {"{plan}", "plan-2"},       {"{config}", "config-2"},
+                  {"{folder}", "folder-2"}, {"{doc}", "doc-2"},         {"{deleted}", "deleted-2"}};
 };
 
 TEST_P(Permissions, EveryCell) {

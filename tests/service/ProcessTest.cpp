@@ -262,7 +262,28 @@ TEST_F(Process, AFullDiskLeavesNothingHalfAndSaysSo) {
     EXPECT_EQ(files, demoFiles + 2 + 1) << "and whose folder it is";
 }
 
-/// One client that changes catalogs and tasks of its own, uploads their documents, and remembers what was answered.
+TEST_F(Process, TheDemonstrationsDocumentsCanBeReadAndItsTasksLinkThem) {
+    ASSERT_TRUE(run("seed --demo"));
+    EXPECT_GE(number("SELECT COUNT(*) FROM task_doc WHERE source_type = 0"), number("SELECT COUNT(*) FROM task"));
+    soci::session sql = open();
+    soci::rowset<soci::row> rows = (sql.prepare << "SELECT uuid, extension, md5 FROM doc_content");
+    std::map<std::string, int> beginnings;
+    for (const soci::row& row : rows) {
+        const std::string content = contentOf(row.get<std::string>(0));
+        const auto extension = row.get<std::string>(1);
+        EXPECT_EQ(md5Of(content), row.get<std::string>(2));
+        const char* mark = extension == "pdf" ? "%PDF-1." : extension == "png" ? "\x89PNG\r\n" : "";
+        EXPECT_TRUE(content.starts_with(mark) && content.size() > 300) << extension;
+        ++beginnings[extension == "txt" ? content.substr(0, 2) : extension];
+    }
+    EXPECT_GE(beginnings["pdf"], 20);
+    EXPECT_GE(beginnings["png"], 5);
+    EXPECT_EQ(beginnings["\xd7\xae"], 1) << "in GB18030";
+    EXPECT_EQ(beginnings["\xff\xfe"] + beginnings["\xfe\xff"], 1) << "in UTF-16";
+}
+
+/// One client that changes catalogs, tasks and documents of its own, uploads files for them, and remembers what was
+/// answered.
 class Writer {
 public:
     Writer(int number, std::string cookie) : m_name("w" + std::to_string(number)), m_cookie(std::move(cookie)) {}
@@ -299,6 +320,14 @@ public:
                     answer = client.upload(FirstDept, parent + ".pdf", content);
                     break;
                 case 6:
+                    next[parent + "d"] = parent + ".pdf/1/1";
+                    answer = client.post(DocumentsPath + "save", object({{"id", parent + "d"},
+                                                                         {"deptId", FirstDept},
+                                                                         {"name", parent},
+                                                                         {"uuid", m_uuid},
+                                                                         {"tags", list({m_name})}}));
+                    break;
+                case 7:
                     next[parent + "t"] = parent + "/2/2/2";
                     answer = client.post(
                         TaskPath + "save",
@@ -308,10 +337,10 @@ public:
                                   {"disclosureTaskNodeList", list({object({{"nodeId", "n"}})})},
                                   {"disclosureTaskDocList",
                                    list({docJson("d", "书.pdf", m_uuid, m_files[m_uuid].first, m_files[m_uuid].second),
-                                         object({{"id", "s"}, {"name", "书"}})})}},
+                                         filed("s", parent)})}},
                                  parent + "c"));
                     break;
-                case 7:
+                case 8:
                     next[parent + "t"] = parent + "r/1/3/3";
                     answer = client.post(
                         TaskPath + "update",
@@ -319,13 +348,18 @@ public:
                                 {"name", parent + "r"},
                                 {"delDisclosureTaskReceiveUserIds", list({"a"})},
                                 {"saveDisclosureTaskNodeList", list({object({{"id", "m"}, {"nodeId", "m"}})})},
-                                {"saveDisclosureTaskDocList", list({object({{"id", "e"}, {"name", "图"}})})}}));
+                                {"saveDisclosureTaskDocList", list({filed("e", parent)})}}));
                     break;
-                default:
+                case 9:
                     next.erase(old);
                     next.erase(old + "c");
                     next.erase(old + "t");
                     answer = client.del(DeletePath, object({{"id", old}, {"isContainsTask", 1}}));
+                    break;
+                default:
+                    next.erase(old + "d");
+                    answer = client.post(DocumentsPath + "delete",
+                                         object({{"deptId", FirstDept}, {"ids", list({old + "d"})}}));
                     break;
             }
             if (answer.status == 0) {
@@ -335,7 +369,7 @@ public:
             if (answer.status == 503)  // the other process had the database for too long
                 continue;
             EXPECT_EQ(answer.status, 200);
-            const bool nothingToDo = m_step % Steps == Steps - 1 && block < 3;
+            const bool nothingToDo = m_step % Steps >= Steps - 2 && block < 3;
             EXPECT_EQ(answer.code(), nothingToDo ? 404 : 200) << m_step << answer.body;
             if (!content.empty()) {
                 m_uuid = answer.at("uuid");
@@ -364,7 +398,11 @@ public:
     const std::map<std::string, std::pair<std::string, std::int64_t>>& files() const { return m_files; }
 
 private:
-    static constexpr int Steps = 9;
+    static constexpr int Steps = 11;
+
+    Json filed(const char* id, const std::string& parent) {
+        return filedJson(id, parent + "d", m_uuid, m_files[m_uuid].first, m_files[m_uuid].second);
+    }
 
     std::string m_name;
     std::string m_cookie;
@@ -423,6 +461,11 @@ TEST_F(Process, TwoKilledWhileWritingKeepEveryAnsweredWriteAndNoHalfOnes) {
                 t["name"].GetString() + ("/" + std::to_string(t["disclosureTaskReceiveUserList"].Size())) + "/" +
                 std::to_string(t["disclosureTaskDocList"].Size()) + "/" +
                 std::to_string(t["disclosureTaskViewportList"].Size() + t["disclosureTaskNodeList"].Size());
+        const auto documents =
+            Client(served.port(), cookie).get("/rs/platform/documents?pageSize=200&deptId=demo-dept-1").json();
+        for (const auto& d : documents["result"]["list"].GetArray())
+            all[d["id"].GetString()] = d["name"].GetString() + ("/" + std::to_string(d["contentNumber"].GetInt())) +
+                                       "/" + std::to_string(d["tags"].Size());
         for (Writer& writer : writers)
             writer.check(all);
 
@@ -463,6 +506,8 @@ TEST_F(Process, TwoKilledWhileWritingKeepEveryAnsweredWriteAndNoHalfOnes) {
     EXPECT_EQ(number("SELECT (SELECT c.subtree_number FROM catalog c WHERE c.parent_id IS NULL) - "
                      "(SELECT COUNT(*) FROM task)"),
               0);
+    EXPECT_EQ(number(CountersAreWrong), 0);
+    EXPECT_NO_THROW(sql << "INSERT INTO doc_gram (doc_gram) VALUES ('integrity-check')");
     EXPECT_NO_THROW(sql << "INSERT INTO task_gram (task_gram) VALUES ('integrity-check')");
 }
 

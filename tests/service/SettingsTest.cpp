@@ -25,7 +25,7 @@ std::vector<std::string> seen(const Settings& s) {
     const auto all = [](const auto&... values) { return std::vector<std::string>{shown(values)...}; };
     return all(s.server.host + " " + shown(s.server.port), s.hosts, s.server.proxies, s.behindTls, s.server.ioThreads,
                s.server.mostConnections, s.server.connectionsOfOne, s.logLevel, s.database, s.dispatcher.readers,
-               s.filesFolder, s.quotaMegabytes, s.keepHours, s.asideDays, s.dispatcher.uploads,
+               s.filesFolder, s.quotaMegabytes, s.keepHours, s.asideDays, s.deletedDays, s.dispatcher.uploads,
                s.dispatcher.uploadsOfOne, s.dispatcher.downloads, s.dispatcher.downloadsOfOne,
                s.dispatcher.loginWorkers, s.limits.attempts, s.limits.attemptsOfClient, s.limits.attemptsOnPerson,
                s.limits.attemptsWindow, s.limits.idle, s.limits.absolute, s.reminds, s.remindEvery.count(),

@@ -161,11 +161,11 @@ TEST_F(StoreTest, EveryQueryFindsItsRowsByAKey) {
     auto* backend = static_cast<soci::sqlite3_session_backend*>(sql.get_backend());
     installNameGrams(reinterpret_cast<::sqlite3*>(backend->conn_));
     // The names the queries give the tables; what a query builds by itself may be read through.
-    const std::regex readsLarge("SCAN (task|catalog|reminder|message|mail|c|t|l|f)\\b|BLOOM");
+    const std::regex readsLarge("SCAN (task|catalog|reminder|message|mail|c|t|l|f|d|y)\\b|BLOOM");
     const std::regex readsAny(
         "SCAN "
         "(task|catalog|department|member|person|project|granted|web_session|login_attempt|push_config|"
-        "reminder|reminder_run|reminder_changed|message|mail|c|d|f|g|k|l|m|o|p|t)"
+        "reminder|reminder_run|reminder_changed|message|mail|doc_folder|document|c|d|f|g|k|l|m|o|p|t|y)"
         "\\b|BLOOM");
     const auto checkPlans = [&](const std::regex& reads) {
         for (const char* query : queries::Keyed) {
@@ -200,6 +200,14 @@ TEST_F(StoreTest, EveryQueryFindsItsRowsByAKey) {
                              "task_attachment SELECT dept_id, rid, 0, task_id, '', task_id, '', 0, '', task_id, '', 0"})
         sql << std::string("INSERT INTO ") + list + " FROM task";
     sql << "INSERT INTO stored_file SELECT dept_id, task_id, '', '', '', 1, '', 0, rid % 100 FROM task";
+    for (const char* table :
+         {"doc_folder SELECT dept_id, task_id, '0', name, 1", "doc_tag SELECT dept_id, task_id, name, 1, 1",
+          "doc_tagged SELECT dept_id, task_id, rid, 0",
+          "doc_content SELECT dept_id, rid, 1, task_id, '', name, 'pdf', 1, '', 1"})
+        sql << std::string("INSERT INTO ") + table + " FROM task";
+    sql << "INSERT INTO document (dept_id, doc_id, folder_id, name, search_name, extension, uuid, md5, size, woven_at, "
+           "tag_number, content_number, updated_by, updated_at) SELECT dept_id, task_id, task_id, name, name, 'pdf', "
+           "task_id, '', 1, 1, 1, 1, name, rid FROM task";
     sql << "INSERT INTO file_upload SELECT dept_id, task_id, 1, rid FROM task";
     sql << "INSERT INTO push_config SELECT dept_id, dept_id, 0, 0, 1, 0, 1 FROM department";
     sql << "INSERT INTO reminder_run SELECT dept_id, 1, 0, 0, 0 FROM department";

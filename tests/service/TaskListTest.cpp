@@ -288,7 +288,7 @@ TEST_F(TaskPlans, EveryFilterFindsWhatReadingAllOfThemFinds) {
 
 TEST_F(TaskPlans, EveryStatementReadsTheIndexItIsMeantTo) {
     soci::session sql(soci::sqlite3, "dbname=" + folder.file("plans.db"));
-    const auto planOf = [&](const TaskSql& statement) {
+    const auto planOf = [&](const BoundSql& statement) {
         std::string detail;
         std::string plan;
         soci::statement rows(sql);
@@ -310,7 +310,7 @@ TEST_F(TaskPlans, EveryStatementReadsTheIndexItIsMeantTo) {
             const bool whole = filter.catalogId.empty() || filter.catalogId == "Dept_1-c0";
             const TaskPlan plan(filter, {whole, filter.catalogId == "Dept_1-c14", 1000, 1'000'000});
             for (const TaskPlan::Path path : plan.paths()) {
-                for (const TaskSql& statement : {plan.probe(path, 10), plan.count(path), plan.page(path, 100)}) {
+                for (const BoundSql& statement : {plan.probe(path, 10), plan.count(path), plan.page(path, 100)}) {
                     const std::string text = planOf(statement);
                     EXPECT_FALSE(std::regex_search(text, readsAll)) << statement.text << "\n" << text;
                 }

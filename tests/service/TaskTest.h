@@ -51,6 +51,18 @@ inline Json docJson(const std::string& id, const std::string& name, const std::s
         {{"id", id}, {"ppid", 1001}, {"name", name}, {"uuid", uuid}, {"md5", md5}, {"size", size}, {"sourceType", 1}});
 }
 
+/// A task's link to a content of a document.
+inline Json filedJson(const std::string& id, const std::string& documentId, const std::string& uuid,
+                      const std::string& md5, std::int64_t size) {
+    return object({{"id", id},
+                   {"name", "图.pdf"},
+                   {"uuid", uuid},
+                   {"md5", md5},
+                   {"size", size},
+                   {"sourceType", 0},
+                   {"refDocId", documentId}});
+}
+
 /// One service with the demonstration's people, and what the tests of the tasks ask of it.
 class TaskTest : public ::testing::Test {
 protected:

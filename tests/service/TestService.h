@@ -159,12 +159,24 @@ inline constexpr auto SavePath = "/rs/disclosure/catalog/save";
 inline constexpr auto UpdatePath = "/rs/disclosure/catalog/update";
 inline constexpr auto MovePath = "/rs/disclosure/catalog/move";
 inline constexpr auto DeletePath = "/rs/disclosure/catalog/delete";
+inline const std::string DocumentsPath = "/rs/platform/documents/";
 inline constexpr auto FirstDept = "demo-dept-1";
 inline constexpr auto SecondDept = "demo-dept-2";
 inline constexpr auto Top = "demo-catalog-1";
 
 /// Which steps, done in their order, came to something else than expected: {{save("a"), 200}, {save("a"), 409}}.
 std::string wrong(std::initializer_list<std::pair<int, int>> steps);
+
+/// How much of what the store counts by itself about documents differs from what is there.
+inline constexpr auto CountersAreWrong =
+    "SELECT (SELECT COUNT(*) FROM doc_tally y WHERE y.folder_id <> '0' AND y.number <> (SELECT COUNT(*) FROM document "
+    "d WHERE d.dept_id = y.dept_id AND d.folder_id = y.folder_id AND d.deleted = y.deleted AND d.updated_by = "
+    "y.updated_by AND d.extension = y.extension AND (d.tag_number = 0) = y.untagged)) + ABS((SELECT COALESCE(SUM(number"
+    "), 0) FROM doc_tally WHERE folder_id = '0') - (SELECT COUNT(*) FROM document)) + (SELECT COUNT(*) FROM doc_tag g "
+    "WHERE (g.uses, g.shown) <> (SELECT COUNT(*), COUNT(*) - COALESCE(SUM(d.deleted), 0) FROM doc_tagged l JOIN "
+    "document d ON d.rid = l.doc_rid WHERE l.dept_id = g.dept_id AND l.tag_id = g.tag_id)) + (SELECT COUNT(*) FROM "
+    "document d WHERE d.content_number <> (SELECT COUNT(*) FROM doc_content c WHERE c.doc_rid = d.rid) OR d.tag_number "
+    "<> (SELECT COUNT(*) FROM doc_tagged l WHERE l.doc_rid = d.rid))";
 
 /// In hexadecimal.
 std::string md5Of(const std::string& content);
