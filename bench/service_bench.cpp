@@ -6,10 +6,10 @@
 #include <future>
 #include <iostream>
 #include <spdlog/spdlog.h>
-#include <sqlite3.h>
 #include <thread>
 #include <utility>
 
+#include "bench/Bare.h"
 #include "bench/Client.h"
 #include "bench/Report.h"
 #include "bench/Served.h"
@@ -31,22 +31,6 @@ constexpr int Runs = 11;
 
 double secondsSince(Clock_::time_point start) {
     return std::chrono::duration<double>(Clock_::now() - start).count();
-}
-
-std::vector<std::string>* recorded = nullptr;
-
-int record(unsigned, void*, void* statement, void*) {
-    if (recorded) {
-        char* text = sqlite3_expanded_sql(static_cast<sqlite3_stmt*>(statement));
-        recorded->emplace_back(text);
-        sqlite3_free(text);
-    }
-    return 0;
-}
-
-/// Called for every connection that is opened, since the store does not hand out its own.
-int watch(sqlite3* connection, char**, const sqlite3_api_routines*) {
-    return sqlite3_trace_v2(connection, SQLITE_TRACE_STMT, record, nullptr);
 }
 
 /// A made-up department in a file that is kept for the next time.
@@ -76,46 +60,6 @@ struct Subject {
             page(filter);
         return secondsSince(start) / Calls;
     }
-};
-
-/// The statements of one page, run by nothing but the engine, every column read.
-class Bare {
-public:
-    Bare(const Subject& subject, const TaskFilter& filter) {
-        recorded = &m_statements;
-        subject.page(filter);
-        recorded = nullptr;
-        sqlite3_open(subject.file.c_str(), &m_connection);
-    }
-    ~Bare() { sqlite3_close(m_connection); }
-    Bare(const Bare&) = delete;
-    Bare& operator=(const Bare&) = delete;
-
-    double time() const {
-        const auto start = Clock_::now();
-        for (int i = 0; i < Calls; ++i) {
-            for (const std::string& text : m_statements)
-                run(text);
-        }
-        return secondsSince(start) / Calls;
-    }
-
-private:
-    void run(const std::string& text) const {
-        sqlite3_stmt* statement = nullptr;
-        if (sqlite3_prepare_v2(m_connection, text.c_str(), -1, &statement, nullptr) != SQLITE_OK)
-            throw std::runtime_error(text);
-        const int columns = sqlite3_column_count(statement);
-        while (sqlite3_step(statement) == SQLITE_ROW) {
-            for (int i = 0; i < columns; ++i)
-                m_read += std::string(reinterpret_cast<const char*>(sqlite3_column_text(statement, i))).size();
-        }
-        sqlite3_finalize(statement);
-    }
-
-    std::vector<std::string> m_statements;
-    sqlite3* m_connection = nullptr;
-    mutable std::size_t m_read = 0;
 };
 
 struct Query {
@@ -269,10 +213,16 @@ void benchPages(const Subject& large, const Subject& small) {
         bench::Row(
             "page: " + name + " matches of 1,000,000 / " + std::to_string(others) + " of 10,000", 1.5,
             [&] { return large.time(query.large); }, [&] { return small.time(query.small); }, Runs);
-        const Bare bare(large, query.large);
+        bench::Bare bare(large.file, [&] { large.page(query.large); });
         bench::Row(
             "page: " + name + " matches / the bare SQL", 1.5, [&] { return large.time(query.large); },
-            [&] { return bare.time(); }, Runs);
+            [&] {
+                const auto start = Clock_::now();
+                for (int i = 0; i < Calls; ++i)
+                    bare.run();
+                return secondsSince(start) / Calls;
+            },
+            Runs);
     }
 }
 
@@ -280,7 +230,7 @@ void benchPages(const Subject& large, const Subject& small) {
 
 int main() {
     spdlog::set_level(spdlog::level::warn);
-    sqlite3_auto_extension(reinterpret_cast<void (*)()>(&watch));
+    bench::watchStatements();
     const auto build = std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path();
     const auto folder = build.parent_path() / "bench-data";
     std::filesystem::create_directories(folder);
