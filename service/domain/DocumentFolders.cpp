@@ -72,7 +72,7 @@ void DocumentFolders::update(const std::string& deptId, const std::string& id, c
         if (m_store.isFolderWithin(deptId, folder.parentId, id))
             throw Refusal(reasons::FolderWithinItself);
         folder.depth = depthIn(deptId, folder.parentId);
-        if (m_store.deepestWithin(deptId, id) - known->depth + folder.depth > DeepestLevel)
+        if (folder.depth + m_store.levelsBelow(deptId, id) > DeepestLevel)
             throw Refusal(reasons::FoldersTooDeep);
     }
     if (m_store.hasFolderNamed(deptId, folder.parentId, folder.name))

@@ -22,8 +22,8 @@ public:
     virtual bool isFolderUsed(const std::string& deptId, const std::string& id) = 0;
     /// Whether the folder is `other` or somewhere in it.
     virtual bool isFolderWithin(const std::string& deptId, const std::string& id, const std::string& other) = 0;
-    /// The depth of the deepest folder in it, itself included.
-    virtual std::int32_t deepestWithin(const std::string& deptId, const std::string& id) = 0;
+    /// How many levels there are below it.
+    virtual std::int32_t levelsBelow(const std::string& deptId, const std::string& id) = 0;
     virtual void addFolder(const DocumentFolder& folder) = 0;
     /// Stores its name and its place; what is in it comes along.
     virtual void putFolder(const DocumentFolder& folder) = 0;

@@ -262,13 +262,14 @@ inline constexpr auto DocFolderUsed =
     "(SELECT 1 FROM doc_tally y WHERE y.dept_id = :dept AND y.folder_id = :id AND y.deleted = 0 AND y.number > 0) THEN "
     "1 ELSE 0 END";
 inline constexpr auto DocFolderWithin =
-    "WITH RECURSIVE up(id) AS (SELECT CAST(:id AS VARCHAR(64)) UNION SELECT f.parent_id FROM up CROSS JOIN doc_folder "
-    "f WHERE f.dept_id = :dept AND f.folder_id = up.id) SELECT COUNT(*) FROM up WHERE id = :other";
-#define DISCLOSURE_INSIDE                                                                                         \
-    "WITH RECURSIVE inside(id, depth) AS (SELECT f.folder_id, f.depth FROM doc_folder f WHERE f.dept_id = :dept " \
-    "AND f.folder_id = :id UNION ALL SELECT f.folder_id, f.depth FROM inside i CROSS JOIN doc_folder f WHERE "    \
-    "f.dept_id = :dept AND f.parent_id = i.id) "
-inline constexpr auto DeepestDocFolder = DISCLOSURE_INSIDE "SELECT COALESCE(MAX(depth), 0) FROM inside";
+    "WITH RECURSIVE up(id) AS (SELECT CAST(:id AS VARCHAR(64)) UNION SELECT (SELECT f.parent_id FROM doc_folder f "
+    "WHERE "
+    "f.dept_id = :dept AND f.folder_id = up.id) FROM up) SELECT COUNT(*) FROM up WHERE id = :other";
+#define DISCLOSURE_INSIDE                                                                                    \
+    "WITH RECURSIVE inside(id, level) AS (SELECT CAST(:id AS VARCHAR(64)), 0 UNION ALL SELECT f.folder_id, " \
+    "i.level + 1 FROM inside i CROSS JOIN doc_folder f INDEXED BY doc_folder_name WHERE f.dept_id = :dept "  \
+    "AND f.parent_id = i.id) "
+inline constexpr auto LevelsOfDocFolder = DISCLOSURE_INSIDE "SELECT MAX(level) FROM inside";
 inline constexpr auto SinkDocFolders = DISCLOSURE_INSIDE
     "UPDATE doc_folder SET depth = depth + :by WHERE dept_id = :dept AND folder_id IN (SELECT id FROM inside)";
 /// A deleted document whose folder has gone lies in the top.
@@ -389,7 +390,7 @@ inline constexpr const char* Keyed[] = {
     DocFolderCount,
     DocFolderUsed,
     DocFolderWithin,
-    DeepestDocFolder,
+    LevelsOfDocFolder,
     SinkDocFolders,
     DocumentsById,
     LooseDocuments,

@@ -43,8 +43,8 @@ bool SqlStore::isFolderWithin(const std::string& deptId, const std::string& id, 
     return readNumber(queries::DocFolderWithin, use(deptId, "dept"), use(id, "id"), use(other, "other")) > 0;
 }
 
-std::int32_t SqlStore::deepestWithin(const std::string& deptId, const std::string& id) {
-    return static_cast<std::int32_t>(readNumber(queries::DeepestDocFolder, use(deptId, "dept"), use(id, "id")));
+std::int32_t SqlStore::levelsBelow(const std::string& deptId, const std::string& id) {
+    return static_cast<std::int32_t>(readNumber(queries::LevelsOfDocFolder, use(deptId, "dept"), use(id, "id")));
 }
 
 void SqlStore::addFolder(const DocumentFolder& f) {

@@ -115,7 +115,7 @@ public:
     std::int64_t folderCount(const std::string& deptId) override;
     bool isFolderUsed(const std::string& deptId, const std::string& id) override;
     bool isFolderWithin(const std::string& deptId, const std::string& id, const std::string& other) override;
-    std::int32_t deepestWithin(const std::string& deptId, const std::string& id) override;
+    std::int32_t levelsBelow(const std::string& deptId, const std::string& id) override;
     void addFolder(const DocumentFolder& folder) override;
     void putFolder(const DocumentFolder& folder) override;
     void removeFolder(const std::string& deptId, const std::string& id) override;

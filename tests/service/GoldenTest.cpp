@@ -73,6 +73,14 @@ protected:
         file("file-42", "e4d909c290d0fb1ca068ffaddf22cbd0", 2048, "zhao.liu");
         file("file-9", "9e107d9d372bb6826bd81d3542a419d6", 30000, "zhang.san");
         file("file-10", "e4d909c290d0fb1ca068ffaddf22cbd0", 4096, "zhang.san");
+        Document document;
+        document.deptId = "dept-1";
+        document.id = "store-5";
+        document.folderId = TopFolder;
+        document.uuid = "file-41";
+        document.md5 = "9e107d9d372bb6826bd81d3542a419d6";
+        document.size = 1024;
+        store->addDocument(document);
         const std::string top = "5b2c0f3e-8a41-4d7c-9c59-0d1f6a7be200";
         send("zhao.liu", "POST", SavePath, saveBody("dept-1", top, "全部", ""));
         for (const char* id : {"c-1", "c-2"})
