@@ -159,9 +159,10 @@ std::string pit(const std::string& title, double depth, Form form) {
     canvas.text(Edge + 8, (bottom + low) / 2 + 4, 9, "卵石（持力层）");
     canvas.line(left, bottom, right, bottom, Canvas::Thick);
     canvas.measure(left, bottom - 8, right, bottom - 8, std::to_string(static_cast<int>(Floor / Scale * 1000)));
-    canvas.measure(A4Height / 2, bottom, A4Height / 2, Ground, std::to_string(static_cast<int>(depth * 1000)));
+    canvas.measure(A4Height / 2 + 60, bottom, A4Height / 2 + 60, Ground,
+                   std::to_string(static_cast<int>(depth * 1000)));
     canvas.line(left - run - 20, Ground, right + run + 20, Ground);
-    canvas.text(left - run / 2 - 6, (Ground + bottom) / 2, 9, "1:0.75");
+    canvas.text(left - run / 2 + 10, (Ground + bottom) / 2, 9, "1:0.75");
     canvas.text(A4Height / 2 - 90, Ground - 12, 10, "±0.000 自然地面");
     // A railing on either side.
     for (const double x : {left - run - 30, right + run + 30}) {

@@ -265,10 +265,10 @@ inline constexpr auto DocFolderWithin =
     "WITH RECURSIVE up(id) AS (SELECT CAST(:id AS VARCHAR(64)) UNION SELECT (SELECT f.parent_id FROM doc_folder f "
     "WHERE "
     "f.dept_id = :dept AND f.folder_id = up.id) FROM up) SELECT COUNT(*) FROM up WHERE id = :other";
-#define DISCLOSURE_INSIDE                                                                                    \
-    "WITH RECURSIVE inside(id, level) AS (SELECT CAST(:id AS VARCHAR(64)), 0 UNION ALL SELECT f.folder_id, " \
-    "i.level + 1 FROM inside i CROSS JOIN doc_folder f INDEXED BY doc_folder_name WHERE f.dept_id = :dept "  \
-    "AND f.parent_id = i.id) "
+#define DISCLOSURE_INSIDE                                                                                        \
+    "WITH RECURSIVE inside(dept, id, level) AS (SELECT CAST(:dept AS VARCHAR(64)), CAST(:id AS VARCHAR(64)), 0 " \
+    "UNION ALL SELECT f.dept_id, f.folder_id, i.level + 1 FROM inside i CROSS JOIN doc_folder f INDEXED BY "     \
+    "doc_folder_name WHERE f.dept_id = i.dept AND f.parent_id = i.id) "
 inline constexpr auto LevelsOfDocFolder = DISCLOSURE_INSIDE "SELECT MAX(level) FROM inside";
 inline constexpr auto SinkDocFolders = DISCLOSURE_INSIDE
     "UPDATE doc_folder SET depth = depth + :by WHERE dept_id = :dept AND folder_id IN (SELECT id FROM inside)";
