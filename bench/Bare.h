@@ -33,58 +33,32 @@ inline void watchStatements() {
 /// What one call asks of the database, every column read, on a connection of its own.
 class Bare {
 public:
-    enum class Compiled { EachTime, Once };
-
-    Bare(const std::string& file, const std::function<void()>& call, Compiled compiled = Compiled::EachTime)
-        : m_compiled(compiled) {
+    Bare(const std::string& file, const std::function<void()>& call) {
         recorded = &m_texts;
         call();
         recorded = nullptr;
         sqlite3_open(file.c_str(), &m_connection);
-        if (compiled == Compiled::Once)
-            for (const std::string& text : m_texts)
-                m_statements.push_back(prepared(text));
     }
-    ~Bare() {
-        for (sqlite3_stmt* statement : m_statements)
-            sqlite3_finalize(statement);
-        sqlite3_close(m_connection);
-    }
+    ~Bare() { sqlite3_close(m_connection); }
     Bare(const Bare&) = delete;
     Bare& operator=(const Bare&) = delete;
 
     void run() {
-        if (m_compiled == Compiled::Once)
-            for (sqlite3_stmt* statement : m_statements) {
-                read(statement);
-                sqlite3_reset(statement);
+        for (const std::string& text : m_texts) {
+            sqlite3_stmt* statement = nullptr;
+            if (sqlite3_prepare_v2(m_connection, text.c_str(), -1, &statement, nullptr) != SQLITE_OK)
+                throw std::runtime_error(text);
+            const int columns = sqlite3_column_count(statement);
+            while (sqlite3_step(statement) == SQLITE_ROW) {
+                for (int i = 0; i < columns; ++i)
+                    m_read += std::string(reinterpret_cast<const char*>(sqlite3_column_text(statement, i))).size();
             }
-        else
-            for (const std::string& text : m_texts) {
-                sqlite3_stmt* statement = prepared(text);
-                read(statement);
-                sqlite3_finalize(statement);
-            }
-    }
-
-private:
-    sqlite3_stmt* prepared(const std::string& text) const {
-        sqlite3_stmt* statement = nullptr;
-        if (sqlite3_prepare_v2(m_connection, text.c_str(), -1, &statement, nullptr) != SQLITE_OK)
-            throw std::runtime_error(text);
-        return statement;
-    }
-    void read(sqlite3_stmt* statement) {
-        const int columns = sqlite3_column_count(statement);
-        while (sqlite3_step(statement) == SQLITE_ROW) {
-            for (int i = 0; i < columns; ++i)
-                m_read += std::string(reinterpret_cast<const char*>(sqlite3_column_text(statement, i))).size();
+            sqlite3_finalize(statement);
         }
     }
 
-    Compiled m_compiled;
+private:
     std::vector<std::string> m_texts;
-    std::vector<sqlite3_stmt*> m_statements;
     sqlite3* m_connection = nullptr;
     std::size_t m_read = 0;
 };

@@ -35,9 +35,11 @@ private:
     bool asksFor(const char* name) const { return text.find(std::string(":") + name) != std::string::npos; }
 };
 
-/// The way with the fewest rows on it. `best` has `fewest`; `numberOf` counts those on another, up to as many.
+/// The way with the fewest rows on it, and how many these are. `best` has `fewest`; `numberOf` counts those on another,
+/// up to as many.
 template <class Path, class NumberOf>
-Path shortest(const std::vector<Path>& others, Path best, std::int64_t fewest, NumberOf&& numberOf) {
+std::pair<Path, std::int64_t> shortest(const std::vector<Path>& others, Path best, std::int64_t fewest,
+                                       NumberOf&& numberOf) {
     for (const Path path : others) {
         const std::int64_t number = numberOf(path, fewest);
         if (number < fewest) {
@@ -45,7 +47,7 @@ Path shortest(const std::vector<Path>& others, Path best, std::int64_t fewest, N
             best = path;
         }
     }
-    return best;
+    return {best, fewest};
 }
 
 }  // namespace disclosure

@@ -7,12 +7,12 @@
 
 namespace disclosure {
 
-DocumentPlan::DocumentPlan(const DocumentFilter& filter)
-    : m_filter(filter),
-      m_keyword(searchForm(filter.keyword)),
-      m_grams(gramQuery(filter.deptId + (filter.deleted ? "." : ""), m_keyword)) {
-    if (!m_keyword.empty())
+DocumentPlan::DocumentPlan(const DocumentFilter& filter) : m_filter(filter) {
+    if (!filter.keyword.empty()) {
+        m_keyword = searchForm(filter.keyword);
+        m_grams = gramQuery(filter.deptId + (filter.deleted ? "." : ""), m_keyword);
         m_others.push_back(Path::Names);
+    }
     if (isTagged())
         m_others.push_back(Path::Tag);
     if (isWoven())

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <unordered_map>
 
 #include "service/store/DocumentPlan.h"
@@ -11,8 +12,6 @@ using soci::use;
 
 namespace {
 
-/// Where at least one in so many documents matches, a page is sooner found by going through them in order.
-constexpr std::int64_t Dense = 8;
 /// So few are gone through at once, whatever is asked.
 constexpr std::int64_t Few = 1000;
 
@@ -44,7 +43,7 @@ DocumentPage SqlStore::pageDocuments(const DocumentFilter& filter) {
     };
     const Path ordered = plan.ordered();
     const std::int64_t all = plan.others().empty() ? page.total : documentsLike(plan.alone(ordered));
-    Path path = ordered;
+    std::pair path{ordered, all};
     if (all > Few)
         path = shortest(plan.others(), ordered, all, [&](Path other, std::int64_t fewest) {
             if (other == Path::Extension || other == Path::Updater)
@@ -52,10 +51,13 @@ DocumentPage SqlStore::pageDocuments(const DocumentFilter& filter) {
             return numberOf(plan.probe(other, fewest));
         });
     if (plan.isSearched())
-        page.total = numberOf(plan.count(path));
+        page.total = numberOf(plan.count(path.first));
     if (filter.offset >= page.total)
         return page;
-    const BoundSql sql = plan.page(page.total * Dense >= all ? ordered : path, page.total);
+    // Where matches are many, so many are gone through in order until the page is full; else all on the way are sorted.
+    const std::int64_t before = std::min(filter.offset, page.total - filter.offset);
+    const bool walk = (before + filter.limit) * all / page.total <= path.second;
+    const BoundSql sql = plan.page(walk ? ordered : path.first, page.total);
     page.documents = readDocuments(sql.text, [&](soci::statement& statement) { sql.bind(statement); });
     addTags(filter.deptId, page.documents);
     return page;
@@ -70,7 +72,7 @@ std::vector<Document> SqlStore::readDocuments(std::string_view text,
         text,
         [&] {
             d.isDeleted = deleted != 0;
-            found.push_back(d);
+            found.push_back(std::move(d));  // all of it is read anew for the next
         },
         [&](soci::statement& statement) {
             const auto read = [&](auto&... fields) { (statement.exchange(into(fields)), ...); };

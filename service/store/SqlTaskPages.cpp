@@ -65,9 +65,10 @@ TaskPlan::Path SqlStore::bestPath(const TaskPlan& plan, const TaskScope& scope) 
     const auto& paths = plan.paths();
     if (paths.size() == 1 || (paths.front() == TaskPlan::Path::Catalog && scope.tasks <= SmallCatalog))
         return paths.front();
-    return shortest(paths, paths.front(), scope.tasks, [&](TaskPlan::Path path, std::int64_t fewest) {
+    const auto numberOf = [&](TaskPlan::Path path, std::int64_t fewest) {
         return path == TaskPlan::Path::Catalog ? fewest : readNumbers(plan.probe(path, fewest)).front();
-    });
+    };
+    return shortest(paths, paths.front(), scope.tasks, numberOf).first;
 }
 
 TaskPage SqlStore::pageTasks(const TaskFilter& asked) {
