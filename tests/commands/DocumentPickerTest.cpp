@@ -133,7 +133,14 @@ TEST_F(DocumentPicker, EveryControlAsksForWhatItSays) {
         }
         EXPECT_EQ(store.queries.size(), std::size(rows)) << "a change costs one query";
         EXPECT_EQ(count(L"updaters of plans"), 1);
-        window->click(window->find("hoveredIconSource", QUrl("qrc:/ui/Images/preview_hover.png")));
+        const auto isPreview = support::has("hoveredIconSource", QUrl("qrc:/ui/Images/preview_hover.png"));
+        const QQuickItem* top = nullptr;
+        window->find([&](QQuickItem* item) {
+            if (isPreview(item) && (!top || support::centreOf(item).y() < support::centreOf(top).y()))
+                top = item;
+            return false;
+        });
+        window->click(top);
         EXPECT_EQ(store.calls.back(), L"open u0 m0 资料0.pdf in ");
         EXPECT_EQ(model->userCombo()->at(2)->name(), "张伟(zhang1)") << "there is another one";
         window->click("取消");
