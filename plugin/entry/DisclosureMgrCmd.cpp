@@ -4,6 +4,9 @@
 #include <QString>
 
 #include "commands/DisclosureManage/DisclosureMgrProvider.h"
+#include "commands/DisclosureManage/ui/document/FileTypeModel.h"
+#include "commands/DisclosureManage/ui/document/FolderTreeModel.h"
+#include "commands/DisclosureManage/ui/document/MapFileModel.h"
 #include "commands/DisclosureManage/ui/task/AddTaskViewModel.h"
 #include "commands/DisclosureManage/ui/task/CatalogTreeNode.h"
 #include "commands/DisclosureManage/ui/task/MapTaskModel.h"
@@ -20,6 +23,9 @@ std::wstring CDisclosureMgrCmd::GetName() const {
 
 void CDisclosureMgrCmd::ViewModelTypeRegistration() {
     qRegisterMetaType<CAddTaskViewModel*>("CAddTaskViewModel*");
+    qRegisterMetaType<CFolderTreeModel*>("CFolderTreeModel*");
+    qRegisterMetaType<ObservableCollection<FileTypeModel*>*>("ObservableCollection<FileTypeModel*>*");
+    qRegisterMetaType<ObservableCollection<CFileModel*>*>("ObservableCollection<CFileModel*>*");
     qRegisterMetaType<ObservableCollection<TaskModel*>*>("ObservableCollection<TaskModel*>*");
     qRegisterMetaType<CatalogTreeNode*>("CatalogTreeNode*");
 }

@@ -72,20 +72,31 @@ auto Key(const TaskDocRecord& doc) {
     return std::tie(doc.id);
 }
 
-/// The elements of `list` whose like is not in `others`.
+// What the service has to be told of a link that it knows.
 template <class Record>
-std::vector<const Record*> Without(const std::vector<Record>& list, const std::vector<Record>& others) {
+auto Content(const Record&) {
+    return std::tie();
+}
+auto Content(const TaskDocRecord& doc) {
+    return std::tie(doc.uuid, doc.md5);
+}
+
+/// The elements of `list` that none of `others` is the same as.
+template <class Record, class IsSame>
+std::vector<const Record*> Without(const std::vector<Record>& list, const std::vector<Record>& others, IsSame isSame) {
     std::vector<const Record*> rest;
     for (const Record& record : list)
-        if (std::none_of(others.begin(), others.end(), [&](const Record& other) { return Key(other) == Key(record); }))
+        if (std::none_of(others.begin(), others.end(), [&](const Record& other) { return isSame(other, record); }))
             rest.push_back(&record);
     return rest;
 }
 
+/// Those with another content too, which the service takes in place of the old one.
 template <class Record>
 auto Added(const std::vector<Record>& list, const std::vector<Record>& loaded, const string_t& taskId) {
     std::vector<decltype(ToRequest(list.front(), taskId))> requests;
-    for (const Record* record : Without(list, loaded))
+    for (const Record* record : Without(
+             list, loaded, [](const Record&a, const Record&b) { return Key(a) == Key(b) && Content(a) == Content(b); }))
         requests.push_back(ToRequest(*record, taskId));
     return requests;
 }
@@ -93,7 +104,7 @@ auto Added(const std::vector<Record>& list, const std::vector<Record>& loaded, c
 template <class Record>
 std::vector<string_t> Removed(const std::vector<Record>& list, const std::vector<Record>& loaded) {
     std::vector<string_t> ids;
-    for (const Record* record : Without(loaded, list))
+    for (const Record* record : Without(loaded, list, [](const Record&a, const Record&b) { return Key(a) == Key(b); }))
         ids.push_back(ToService(record->id));
     return ids;
 }

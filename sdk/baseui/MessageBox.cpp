@@ -51,7 +51,7 @@ MessageResult AskForName(const QString& text, const QString& name, QWidget* owne
 
 }  // namespace
 
-MessageResult ShowMessageBox(const std::wstring& text, QWidget* owner, MessageButtons buttons) {
+MessageResult ShowMessageBox(const std::wstring& text, QWidget* owner, MessageButtons buttons, MessageIcon icon) {
     if (Handler())
         return Handler()(text, owner, buttons);
 
@@ -60,7 +60,9 @@ MessageResult ShowMessageBox(const std::wstring& text, QWidget* owner, MessageBu
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdWString(text));
     const bool canCancel = buttons == MessageButtons::OkCancel;
-    box.setIcon(canCancel ? QMessageBox::Question : QMessageBox::Information);
+    box.setIcon(icon == MessageIcon::Warning ? QMessageBox::Warning
+                : canCancel                  ? QMessageBox::Question
+                                             : QMessageBox::Information);
     QPushButton* ok = box.addButton(QApplication::translate("BASEUI", "确定"), QMessageBox::AcceptRole);
     box.setDefaultButton(ok);
     if (canCancel)

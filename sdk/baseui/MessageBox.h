@@ -11,11 +11,13 @@ namespace BASEUI {
 
 enum class MessageButtons { Ok, OkCancel };
 enum class MessageResult { Ok = 1, Cancel = 2 };
+enum class MessageIcon { Usual, Warning };  // what is usual depends on the buttons
 
 /// Shows `text` modally and returns the button that was pressed; closing the box is Cancel where it can be chosen.
 /// `owner` may be null.
 HOSTSDK_API MessageResult ShowMessageBox(const std::wstring& text, QWidget* owner = nullptr,
-                                         MessageButtons buttons = MessageButtons::Ok);
+                                         MessageButtons buttons = MessageButtons::Ok,
+                                         MessageIcon icon = MessageIcon::Usual);
 
 /// Asks before something that cannot be undone: `details` stands below `text`, and the default button gives up. Where
 /// `nameToType` is not empty, the other button works once that has been typed. A handler is given both texts as one and

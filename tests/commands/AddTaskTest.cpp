@@ -7,6 +7,7 @@
 #include "commands/DisclosureManage/ui/task/TaskRules.h"
 #include "tests/commands/FakeEditor.h"
 #include "tests/commands/TaskWindow.h"
+#include "tests/support/FakeDocuments.h"
 
 using DISCLOSUREPACKAGE::TaskRecord;
 
@@ -23,7 +24,6 @@ protected:
     Editor() {
         host.window.resize(1300, 1100);
         host.add(projects);
-        host.add(opener);
         service.fill();
     }
 
@@ -43,7 +43,7 @@ protected:
     support::ScreenHost host;
     support::FakeDisclosureMgr& service = host.manager;
     FakeProjects projects;
-    FakeDocOpener opener;
+    support::FakeDocuments store{host.core};
 };
 
 /// Types into the field of that caption.
@@ -173,7 +173,7 @@ TEST_F(Editor, DocumentsAreUploadedOpenedAndRemoved) {
     EXPECT_EQ(service.uploads, 9) << "the eleventh is not uploaded for nothing";
     model.onClickViewDocItem(0);
     model.onClickViewDocItem(11);
-    EXPECT_EQ(opener.opened, L"uuid md5 方案.pdf ");
+    EXPECT_EQ(store.calls, std::vector<std::wstring>{L"open uuid md5 方案.pdf in "});
     model.onClickDelDocItem(0);
     model.onClickDelDocItem(-1);
     EXPECT_EQ(model.connectdoclist().size(), 9);
@@ -486,8 +486,7 @@ TEST_F(NewTask, IsFilledInAndPublished) {
                              enter(editor, "截止日期：", QDate::currentDate().toString("yyyy-MM-dd"));
                              service.chosenFile = L"方案.pdf";
                              editor.click("本地上传");
-                             for (const char* later : {"关联模型", "关联资料库"})
-                                 EXPECT_FALSE(editor.text(later)->isEnabled());
+                             EXPECT_FALSE(editor.text("关联模型")->isEnabled());
                              editor.click("发布交底");
                              EXPECT_TRUE(editor.find("value", "柱钢筋"));
                              service.refused.clear();

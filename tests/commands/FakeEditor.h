@@ -9,7 +9,6 @@
 #include "sdk/basecore/MgrObject.h"
 #include "sdk/packages/IProjectDataMgr.h"
 #include "sdk/packages/disclosure/IDisclosureManageMgr.h"
-#include "sdk/packages/documents/IKpxDocOperMgr.h"
 
 /// One project.
 class FakeProjects : public PROJECTPACKAGE::IProjectDataMgr, public BASECORE::FRAME::CMgrObject {
@@ -20,18 +19,6 @@ public:
         return true;
     }
     bool GetProjectName(std::wstring&, int32_t) override { return false; }
-};
-
-class FakeDocOpener : public DOCUMENTPACKAGE::IKpxDocOperMgr, public BASECORE::FRAME::CMgrObject {
-public:
-    FakeDocOpener() : CMgrObject(BASECORE::NAMES::kDocumentOperations) {}
-    bool OpenDocument(const std::wstring& uuid, const std::wstring& md5, const std::wstring& name,
-                      const std::wstring& deptId) override {
-        opened += uuid + L" " + md5 + L" " + name + L" " + deptId;
-        return true;
-    }
-
-    std::wstring opened;
 };
 
 /// A task that keeps every rule, with its links: a viewport and a node of project 7, and a node of an unknown project.

@@ -121,6 +121,13 @@ TEST_F(TaskChangesTest, AnUpdateSendsAllDatesAndOnlyTheLinksThatChanged) {
     EXPECT_EQ(textOf("saveDisclosureTaskDocList", "id"), "doc-2");
     EXPECT_EQ(body.at("delDisclosureTaskDocIds").serialize(), "[]");
 
+    task.disclosureTaskDocList.resize(1);
+    task.disclosureTaskDocList[0].uuid = L"newer";
+    EXPECT_TRUE(manager.UpdateTask(task));
+    body = lastBody();
+    EXPECT_EQ(textOf("saveDisclosureTaskDocList", "id") + textOf("saveDisclosureTaskDocList", "uuid"), "doc-1newer");
+    EXPECT_EQ(body.at("delDisclosureTaskDocIds").serialize(), "[]");
+
     task.disclosureTaskReceiveUserList.clear();
     task.disclosureTaskDocList.clear();
     EXPECT_TRUE(manager.UpdateTask(task));

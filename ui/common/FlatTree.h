@@ -147,13 +147,14 @@ std::vector<FlatTreePlace> FlatTreeOrder(const Records& records, IdOf idOf, Pare
     return places;
 }
 
-/// Creates the nodes of `places`: `create(record index, parent node or null)`. Returns the root; null without places.
+/// Creates the nodes of `places`: `create(record index, parent node or null)`. Where `shown` has marks, as
+/// `FoundPlaces` gives them, only of those that are marked. Returns the root; null without any.
 template <class Node, class Create>
-Node* CreateFlatTree(const std::vector<FlatTreePlace>& places, Create create) {
-    std::vector<Node*> nodes;
-    nodes.reserve(places.size());
-    for (const FlatTreePlace& place : places)
-        nodes.push_back(create(place.record, place.parent < 0 ? nullptr : nodes[place.parent]));
+Node* CreateFlatTree(const std::vector<FlatTreePlace>& places, Create create, const std::vector<char>& shown = {}) {
+    std::vector<Node*> nodes(places.size(), nullptr);
+    for (size_t i = 0; i < places.size(); ++i)
+        if (shown.empty() || shown[i])
+            nodes[i] = create(places[i].record, places[i].parent < 0 ? nullptr : nodes[places[i].parent]);
     return nodes.empty() ? nullptr : nodes.front();
 }
 

@@ -11,6 +11,12 @@ inline BASEUI::MessageResult ShowNotice(const QString& text,
     return BASEUI::ShowMessageBox(text.toStdWString(), QApplication::activeWindow(), buttons);
 }
 
+/// The same for something that the user has to mend.
+inline void WarnUser(const QString& text) {
+    BASEUI::ShowMessageBox(text.toStdWString(), QApplication::activeWindow(), BASEUI::MessageButtons::Ok,
+                           BASEUI::MessageIcon::Warning);
+}
+
 /// Asks before something that cannot be undone; see `BASEUI::AskBeforeLoss`.
 inline BASEUI::MessageResult AskBeforeLoss(const QString& text, const QString& details,
                                            const QString& nameToType = {}) {

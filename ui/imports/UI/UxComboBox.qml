@@ -74,6 +74,11 @@ ComboBox {
             __selectedBackgroundColor: UxTheme.selection
             __maxPopupHeight: box.popupMaxHeight
             __menuItemType: "comboboxitem"
+            // The base would take markup and ampersands out of a name.
+            itemDelegate.label: UxText {
+                text: styleData.text
+                color: __currentTextColor
+            }
             __scrollerStyle: ScrollViewStyle {}
         }
     }

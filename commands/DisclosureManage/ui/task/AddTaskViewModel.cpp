@@ -10,45 +10,18 @@
 #include "commands/DisclosureManage/ui/task/TaskConflictWnd.h"
 #include "commands/DisclosureManage/ui/task/TaskFields.h"
 #include "commands/DisclosureManage/ui/task/TaskRules.h"
-#include "sdk/basecore/IBaseCoreData.h"
-#include "sdk/basecore/ManagerNames.h"
 #include "sdk/basetools/Uuid.h"
-#include "sdk/packages/disclosure/DocumentLimits.h"
 #include "sdk/packages/disclosure/IDisclosureManageMgr.h"
-#include "sdk/packages/documents/IKpxDocOperMgr.h"
 #include "ui/common/WideText.h"
 
-using BASECORE::FRAME::LookupManager;
 using BASEPACKAGE::UserRecord;
 using DISCLOSUREPACKAGE::IDisclosureManageMgr;
-using DISCLOSUREPACKAGE::TaskDocRecord;
 using DISCLOSUREPACKAGE::TaskReceiveUserRecord;
 using DISCLOSUREPACKAGE::TaskRecord;
-using DISCLOSUREPACKAGE::UploadedFileRecord;
-
-namespace {
-
-DOCUMENTPACKAGE::IKpxDocOperMgr* documentOpener() {
-    return LookupManager<DOCUMENTPACKAGE::IKpxDocOperMgr>(BASECORE::NAMES::kDocumentOperations);
-}
-
-TaskDocRecord linkTo(const UploadedFileRecord& file) {
-    TaskDocRecord doc;
-    doc.id = file.id;
-    doc.ppid = file.ppid;
-    doc.name = file.name;
-    doc.uuid = file.uuid;
-    doc.md5 = file.md5;
-    doc.size = file.size;
-    doc.extension = file.extension;
-    doc.sourceType = file.sourceType;
-    return doc;
-}
-
-}  // namespace
 
 CAddTaskViewModel::CAddTaskViewModel(const DISCLOSUREPACKAGE::TaskRecord& task, QObject* parent)
-    : QObject(parent), m_isNew(task.id.empty()), m_began(task), m_task(task) {
+    : QObject(parent), m_isNew(task.id.empty()), m_began(task), m_task(task), m_docs(m_task) {
+    connect(&m_docs, &CTaskDocuments::changed, this, &CAddTaskViewModel::connectDocChanged);
     qRegisterMetaType<CBimTreeNode*>();  // QML hands nodes to the slots only when it knows the type
     m_links.build(CBimTreeModel::linksOf(m_task));
     if (IDisclosureManageMgr* manager = FindDisclosureManager())
@@ -126,27 +99,6 @@ void CAddTaskViewModel::setDate(int64_t& mills, const QString& date, Changed cha
     emit(this->*changed)();
 }
 
-QStringList CAddTaskViewModel::connectdoclist() const {
-    QStringList names;
-    for (const TaskDocRecord& doc : m_task.disclosureTaskDocList)
-        names.append(FromWide(doc.name));
-    return names;
-}
-
-bool CAddTaskViewModel::canViewDocs() const {
-    return documentOpener() != nullptr;
-}
-
-QString CAddTaskViewModel::docsHint() {
-    QStringList extensions;
-    for (const wchar_t* extension : DISCLOSUREPACKAGE::kDocumentExtensions)
-        extensions << QString::fromWCharArray(extension);
-    return tr("最多%1份，每份不超过%2M；支持%3")
-        .arg(DISCLOSUREPACKAGE::kMostDocuments)
-        .arg(DISCLOSUREPACKAGE::kMostDocumentMiB)
-        .arg(extensions.join(QStringLiteral("、")));
-}
-
 bool CAddTaskViewModel::isChanged() const {
     return !IsSameTask(m_began, m_task);
 }
@@ -181,18 +133,12 @@ void CAddTaskViewModel::onClickSelectReceiver() {
     emit receiveNameChanged();
 }
 
+void CAddTaskViewModel::onClickConnectDoc() {
+    m_docs.connectStore();
+}
+
 void CAddTaskViewModel::onClickUploadDoc() {
-    if (m_task.disclosureTaskDocList.size() >= DISCLOSUREPACKAGE::kMostDocuments) {
-        ShowNotice(TooManyDocuments());
-        return;
-    }
-    std::vector<UploadedFileRecord> files;
-    IDisclosureManageMgr* manager = FindDisclosureManager();
-    if (!manager || !manager->UploadLocalFiles(files))
-        return;
-    for (const UploadedFileRecord& file : files)
-        m_task.disclosureTaskDocList.push_back(linkTo(file));
-    emit connectDocChanged();
+    m_docs.upload();
 }
 
 void CAddTaskViewModel::onDateRefused(const QString& why) {
@@ -200,19 +146,11 @@ void CAddTaskViewModel::onDateRefused(const QString& why) {
 }
 
 void CAddTaskViewModel::onClickViewDocItem(int nIndex) {
-    auto* opener = documentOpener();
-    if (!opener || nIndex < 0 || nIndex >= static_cast<int>(m_task.disclosureTaskDocList.size()))
-        return;
-    const TaskDocRecord& doc = m_task.disclosureTaskDocList[static_cast<std::size_t>(nIndex)];
-    opener->OpenDocument(doc.uuid, doc.md5, doc.name, {});
+    m_docs.view(nIndex);
 }
 
 void CAddTaskViewModel::onClickDelDocItem(int nIndex) {
-    auto& docs = m_task.disclosureTaskDocList;
-    if (nIndex < 0 || nIndex >= static_cast<int>(docs.size()))
-        return;
-    docs.erase(docs.begin() + nIndex);
-    emit connectDocChanged();
+    m_docs.remove(nIndex);
 }
 
 void CAddTaskViewModel::onClickDelBIMItem(CBimTreeNode* pNode) {
@@ -284,8 +222,9 @@ bool CAddTaskViewModel::settleConflict() {
                                   &CAddTaskViewModel::receiveNameChanged, &CAddTaskViewModel::remarkChanged,
                                   &CAddTaskViewModel::constStartDateChanged, &CAddTaskViewModel::constEndDateChanged,
                                   &CAddTaskViewModel::planDateChanged, &CAddTaskViewModel::endDateChanged,
-                                  &CAddTaskViewModel::connectDocChanged, &CAddTaskViewModel::connectBIMDataChanged})
+                                  &CAddTaskViewModel::connectBIMDataChanged})
         emit(this->*changed)();
+    m_docs.renew();
     return true;
 }
 

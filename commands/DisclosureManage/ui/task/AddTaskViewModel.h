@@ -5,6 +5,7 @@
 
 #include "commands/DisclosureManage/ui/task/BimTreeModel.h"
 #include "commands/DisclosureManage/ui/task/PeopleNames.h"
+#include "commands/DisclosureManage/ui/task/TaskDocuments.h"
 #include "sdk/packages/disclosure/Records.h"
 
 /// A new task, or an unpublished one, while it is edited. Dates are texts "yyyy-MM-dd", empty when unset.
@@ -20,8 +21,8 @@ class CAddTaskViewModel : public QObject {
     Q_PROPERTY(QString endDate READ endDate WRITE setEndDate NOTIFY endDateChanged)
     Q_PROPERTY(bool bRelease READ isRelease NOTIFY bReaseChanged)
     Q_PROPERTY(QStringList connectdoclist READ connectdoclist NOTIFY connectDocChanged)
+    Q_PROPERTY(QStringList docnotes READ docnotes NOTIFY connectDocChanged)
     Q_PROPERTY(CBimTreeModel* bimDataModel READ bimDataModel NOTIFY connectBIMDataChanged)
-    Q_PROPERTY(bool canViewDocs READ canViewDocs CONSTANT)
     Q_PROPERTY(QString docsHint READ docsHint CONSTANT)
 
 public:
@@ -44,12 +45,11 @@ public:
     QString endDate() const;
     void setEndDate(const QString& date);
     bool isRelease() const { return m_isRelease; }
-    QStringList connectdoclist() const;
+    QStringList connectdoclist() const { return m_docs.names(); }
+    QStringList docnotes() const { return m_docs.notes(); }
     CBimTreeModel* bimDataModel() { return &m_links; }
-    /// Whether the host opens documents.
-    bool canViewDocs() const;
     /// What may be uploaded.
-    static QString docsHint();
+    static QString docsHint() { return CTaskDocuments::hint(); }
 
     /// Whether anything differs from the task as it was given, or as it was last read.
     bool isChanged() const;
@@ -60,6 +60,8 @@ public slots:
     /// saved once, however often they are called. Where somebody else has changed the task meanwhile, the user is
     /// asked which version of each field to save.
     void onClickSave();
+    /// Lets the user choose among the documents of the store.
+    void onClickConnectDoc();
     void onClickRelease();
     void onClickSelectOwner();
     void onClickSelectReceiver();
@@ -104,6 +106,7 @@ private:
     bool m_isNew;
     DISCLOSUREPACKAGE::TaskRecord m_began;  // what m_task was made from
     DISCLOSUREPACKAGE::TaskRecord m_task;
+    CTaskDocuments m_docs;
     CBimTreeModel m_links;
     PeopleNames m_names;  // the department's people
     bool m_isRelease = false;

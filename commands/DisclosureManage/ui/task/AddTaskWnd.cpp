@@ -5,7 +5,6 @@
 #include <QQuickView>
 
 #include "commands/DisclosureManage/ui/DisclosureManager.h"
-#include "commands/DisclosureManage/ui/Notice.h"
 #include "commands/DisclosureManage/ui/task/AddTaskViewModel.h"
 
 bool CAddTaskWnd::edit(const DISCLOSUREPACKAGE::TaskRecord& task) {
@@ -29,7 +28,5 @@ CAddTaskWnd::CAddTaskWnd(const DISCLOSUREPACKAGE::TaskRecord& task)
 bool CAddTaskWnd::mayClose() const {
     const QQuickItem* page = frame().view()->rootObject();
     const bool isTyping = page && page->property("typing").toBool();
-    if (m_isSaved || (!isTyping && !m_model->isChanged()))
-        return true;
-    return AskBeforeLoss(tr("是否放弃修改？"), tr("修改的内容尚未保存，放弃后不能恢复。")) == BASEUI::MessageResult::Ok;
+    return m_isSaved || (!isTyping && !m_model->isChanged()) || mayDiscard();
 }

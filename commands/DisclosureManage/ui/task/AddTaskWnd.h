@@ -1,6 +1,6 @@
 #pragma once
 
-#include "commands/DisclosureManage/ui/task/TaskDialog.h"
+#include "commands/DisclosureManage/ui/TaskDialog.h"
 #include "sdk/packages/disclosure/Records.h"
 
 class CAddTaskViewModel;

@@ -5,7 +5,7 @@
 #include <QString>
 
 #include "commands/DisclosureManage/ui/ServiceState.h"
-#include "commands/DisclosureManage/ui/task/TaskDialog.h"
+#include "commands/DisclosureManage/ui/TaskDialog.h"
 #include "sdk/packages/disclosure/Records.h"
 
 class CatalogTreeModel;

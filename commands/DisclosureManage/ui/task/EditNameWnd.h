@@ -4,7 +4,7 @@
 
 #include <QString>
 
-#include "commands/DisclosureManage/ui/task/TaskDialog.h"
+#include "commands/DisclosureManage/ui/TaskDialog.h"
 #include "sdk/packages/disclosure/Records.h"
 
 /// The dialog in which a task is given another name.

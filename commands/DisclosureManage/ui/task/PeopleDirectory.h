@@ -25,16 +25,11 @@ public:
     /// null when there is nobody. A person's node has the login name as its id, a department's has none.
     template <class Node>
     Node* createTree(const QString& search) const {
-        std::vector<Node*> nodes(m_places.size(), nullptr);
-        const std::vector<char> shown = placesFor(search);
-        for (std::size_t i = 0; i < m_places.size(); ++i) {
-            if (!shown[i])
-                continue;
-            const Entry& entry = m_entries[static_cast<std::size_t>(m_places[i].record)];
-            Node* parent = m_places[i].parent < 0 ? nullptr : nodes[static_cast<std::size_t>(m_places[i].parent)];
-            nodes[i] = new Node(parent, entry.name, entry.isPerson ? entry.name : QString(), entry.realName);
-        }
-        return nodes.empty() ? nullptr : nodes.front();
+        const auto create = [this](int record, Node* parent) {
+            const Entry& entry = m_entries[static_cast<std::size_t>(record)];
+            return new Node(parent, entry.name, entry.isPerson ? entry.name : QString(), entry.realName);
+        };
+        return CreateFlatTree<Node>(m_places, create, placesFor(search));
     }
 
 private:

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "commands/DisclosureManage/ui/task/TaskDialog.h"
+#include "commands/DisclosureManage/ui/TaskDialog.h"
 
 /// The dialog of the department's reminder settings.
 class CRemindWnd : public CTaskDialog {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "commands/DisclosureManage/ui/TaskDialog.h"
 #include "commands/DisclosureManage/ui/task/PeopleReading.h"
-#include "commands/DisclosureManage/ui/task/TaskDialog.h"
 #include "ui/common/TreeModel.h"
 
 class NameTreeModel;

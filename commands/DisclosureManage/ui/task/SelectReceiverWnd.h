@@ -2,8 +2,8 @@
 
 #include <QVector>
 
+#include "commands/DisclosureManage/ui/TaskDialog.h"
 #include "commands/DisclosureManage/ui/task/PeopleReading.h"
-#include "commands/DisclosureManage/ui/task/TaskDialog.h"
 #include "ui/common/TreeModel.h"
 
 class NameCheckBoxTreeModel;

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "commands/DisclosureManage/ui/task/TaskDialog.h"
+#include "commands/DisclosureManage/ui/TaskDialog.h"
 #include "sdk/packages/disclosure/Records.h"
 
 class CTaskConflictViewModel;

@@ -84,7 +84,8 @@ TaskField documents() {
             return joined(task.disclosureTaskDocList, [](const auto& doc) { return doc.name; });
         },
         [](const TaskRecord& task) {
-            return sorted(task.disclosureTaskDocList, [](const auto& doc) { return doc.id; });
+            return sorted(task.disclosureTaskDocList,
+                          [](const auto& doc) { return std::tuple(doc.id, doc.uuid, doc.md5); });
         },
         &TaskRecord::disclosureTaskDocList);
 }

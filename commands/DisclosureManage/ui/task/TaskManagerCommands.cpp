@@ -9,6 +9,7 @@
 #include "commands/DisclosureManage/ui/task/AddTaskWnd.h"
 #include "commands/DisclosureManage/ui/task/CatalogTreeWnd.h"
 #include "commands/DisclosureManage/ui/task/Days.h"
+#include "commands/DisclosureManage/ui/task/EditDocWnd.h"
 #include "commands/DisclosureManage/ui/task/EditNameWnd.h"
 #include "commands/DisclosureManage/ui/task/RemindWnd.h"
 #include "commands/DisclosureManage/ui/task/TaskManagerViewModel.h"
@@ -139,8 +140,14 @@ void TaskManagerViewModel::onEditBimInfo(TaskModel* task) {
 
 void TaskManagerViewModel::onEditDocInfo(TaskModel* task) {
     const Hold hold(*this);
-    if (editable(task))
-        showNotThereYet();
+    if (!editable(task))
+        return;
+    TaskRecord record;
+    if (!Commanded(tr("打开任务"), [&] { return find(*FindDisclosureManager(), *task, record); }) ||
+        !editable(record.isPublish != 0) || !CEditDocWnd::edit(record))
+        return;
+    rereadRow(task);
+    emit done(tr("任务“%1”已保存").arg(task->name()));
 }
 
 void TaskManagerViewModel::onEditTaskName(TaskModel* task) {

@@ -2,6 +2,7 @@ import QtQuick 2.12
 import QtQuick.Controls 1.4
 import QtQuick.Layouts 1.12
 import UI 1.0
+import "../../qml"
 
 // The chooser of the catalog that tasks are moved to.
 DialogPage {

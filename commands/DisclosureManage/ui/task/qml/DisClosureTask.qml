@@ -3,6 +3,7 @@ import QtQuick.Controls 2.12
 import QtQuick.Layouts 1.12
 import QtQuick.Window 2.12
 import UI 1.0
+import "../../qml"
 
 // The task editor: the form, which scrolls, above the buttons, which are always in sight.
 DialogPage {

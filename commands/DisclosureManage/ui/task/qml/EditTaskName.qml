@@ -1,6 +1,7 @@
 import QtQuick 2.12
 import QtQuick.Layouts 1.12
 import UI 1.0
+import "../../qml"
 
 // The name of a task.
 DialogPage {

@@ -6,6 +6,9 @@ Item {
     id: row
 
     property string name: ""
+    // What is to be said of it in its tool tip.
+    property string note: ""
+    property color textColor: UxTheme.text
     property url iconSource
     property bool selectable: true
     property bool selected: false
@@ -16,6 +19,7 @@ Item {
     signal removeWanted()
 
     Accessible.name: name
+    Accessible.description: note
     Accessible.selectable: selectable
     Accessible.selected: highlighted
 
@@ -25,7 +29,7 @@ Item {
         anchors.fill: icon
         anchors.margins: -1
         radius: 2
-        visible: row.highlighted
+        visible: row.highlighted && icon.visible
         color: UxTheme.background
     }
     Image {
@@ -44,7 +48,10 @@ Item {
         anchors.rightMargin: 6
         height: parent.height
         text: row.name
-        color: row.highlighted ? UxTheme.selectedText : UxTheme.text
+        toolTipText: row.note === "" ? text : text + "\n" + row.note
+        tooltipVisible: text !== "" && (truncated || row.note !== "")
+        wrapText: row.note !== ""
+        color: row.highlighted ? UxTheme.selectedText : row.textColor
     }
     Rectangle {
         anchors.fill: buttons

@@ -2,6 +2,7 @@ import QtQuick 2.12
 import QtQuick.Controls 2.12
 import QtQuick.Layouts 1.12
 import UI 1.0
+import "../../qml"
 
 // What a task was when its editor opened, what the user made of it and what it is now; either of the last two is chosen
 // field by field.

@@ -1,5 +1,6 @@
 import QtQuick 2.12
 import UI 1.0
+import "../../qml"
 
 // The date range and the status that the listed tasks have, one below the other where there is no room beside.
 Flow {
@@ -20,21 +21,23 @@ Flow {
             Accessible.name: qsTr("日期类型")
             onActivated: theTaskModel.search_dateindex = index
         }
-        TaskFilterDate {
+        FilterDate {
             enabled: !theTaskModel.search_datelimit
             day: theTaskModel.search_startdate
             Accessible.name: qsTr("开始日期")
             onChosen: theTaskModel.search_startdate = text
+            onRefused: theTaskModel.onDateRefused(why)
         }
         UxLabel {
             anchors.verticalCenter: parent.verticalCenter
             text: "-"
         }
-        TaskFilterDate {
+        FilterDate {
             enabled: !theTaskModel.search_datelimit
             day: theTaskModel.search_enddate
             Accessible.name: qsTr("结束日期")
             onChosen: theTaskModel.search_enddate = text
+            onRefused: theTaskModel.onDateRefused(why)
         }
         DateRangeButton {}
         UxCheckBox {

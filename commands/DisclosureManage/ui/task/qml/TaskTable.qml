@@ -1,5 +1,6 @@
 import QtQuick 2.12
 import UI 1.0
+import "../../qml"
 
 // One page of tasks. Only the cells of the current row are in the tab chain.
 UxCheckBoxTableView {
@@ -43,7 +44,7 @@ UxCheckBoxTableView {
     sortAscending: theTaskModel.search_asc
     activeFocusOnTab: true
     Accessible.name: qsTr("交底任务")
-    style: TaskTableStyle {}
+    style: CheckedTableStyle {}
     onHeaderClicked: theTaskModel.sortByColumn(title, column)
     onLayoutTouched: keeper.restart()
     onMenuWanted: menu.wanted({}).openFor(control, row, x, y)

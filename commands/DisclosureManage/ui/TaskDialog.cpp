@@ -1,9 +1,10 @@
-#include "commands/DisclosureManage/ui/task/TaskDialog.h"
+#include "commands/DisclosureManage/ui/TaskDialog.h"
 
 #include <QDialog>
 #include <QQmlContext>
 #include <QQuickView>
 
+#include "commands/DisclosureManage/ui/Notice.h"
 #include "sdk/basecore/IBaseCoreData.h"
 
 CTaskDialog::CTaskDialog() : CBaseWnd(BASECORE::FRAME::GetMainBaseCore()->GetMainWindow()) {}
@@ -12,13 +13,18 @@ void CTaskDialog::publish(const char* name, const QVariant& value) {
     frame().view()->rootContext()->setContextProperty(QString::fromLatin1(name), value);
 }
 
-void CTaskDialog::load(const char* page, const char* name, QObject* object, QSize minimum) {
+void CTaskDialog::load(const char* page, const char* name, QObject* object, QSize minimum, const char* folder) {
     frame().dialog()->setMinimumSize(minimum);
     publish(name, QVariant::fromValue(object));
-    frame().load(QStringLiteral("qrc:/commands/DisclosureManage/ui/task/qml/") + QString::fromLatin1(page));
+    frame().load(QStringLiteral("qrc:/commands/DisclosureManage/ui/%1/qml/%2")
+                     .arg(QString::fromLatin1(folder), QString::fromLatin1(page)));
     connectRootObject();
 }
 
 QSize CTaskDialog::share() const {
     return WindowFrame::shareOf(BASECORE::FRAME::GetMainBaseCore()->GetMainWindow());
+}
+
+bool CTaskDialog::mayDiscard() {
+    return AskBeforeLoss(tr("是否放弃修改？"), tr("修改的内容尚未保存，放弃后不能恢复。")) == BASEUI::MessageResult::Ok;
 }

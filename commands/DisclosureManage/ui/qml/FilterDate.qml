@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import UI 1.0
 
-// One bound of the date filter, which may refuse what was chosen; it is never empty.
+// One bound of a date filter, which may refuse what was chosen; it is never empty.
 UxCalendar {
     id: field
 
@@ -16,6 +16,5 @@ UxCalendar {
             chosen(text)
         show(day)
     }
-    onRefused: theTaskModel.onDateRefused(why)
     Component.onCompleted: show(day)
 }

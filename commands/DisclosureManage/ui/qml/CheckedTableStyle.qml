@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import UI 1.0
 
-// The table's look with its tints: the current row, then the checked ones.
+// A table's look with its tints: the current row, then the checked ones.
 UxTableViewStyle {
     id: style
 
