@@ -9,6 +9,7 @@
 #include <QSaveFile>
 #include <QScreen>
 #include <QStackedWidget>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QUrl>
@@ -27,6 +28,8 @@ namespace {
 constexpr double kShareOfScreen = 0.7;
 constexpr double kZoomStep = 1.25;
 constexpr qint64 kBeginning = 64;
+constexpr int kKeyboardTries = 20;
+constexpr int kKeyboardPause = 50;  // milliseconds
 constexpr qint64 kChunk = 1024LL * 1024;
 
 /// Why it could not be copied; the target is whole or as it was.
@@ -43,6 +46,16 @@ QString copyFile(const QString& from, const QString& to) {
         good = !bytes.isEmpty() && target.write(bytes) == bytes.size();
     }
     return good && target.commit() ? QString() : DocumentWindow::tr("无法写入文件，磁盘空间可能不足。");
+}
+
+/// A display takes a request for the keyboard only with the time of a recent event, so it is asked repeatedly: without
+/// the keyboard, Escape would go to the dialog behind.
+void askForKeyboard(QWidget* window, int tries) {
+    if (tries == 0 || !window->isVisible() || window->isActiveWindow())
+        return;
+    window->raise();
+    window->activateWindow();
+    QTimer::singleShot(kKeyboardPause, window, [window, tries] { askForKeyboard(window, tries - 1); });
 }
 
 }  // namespace
@@ -127,6 +140,7 @@ bool DocumentWindow::open(const Launcher& launcher) {
     if (m_view)
         m_pages->setCurrentWidget(m_view);
     show();
+    askForKeyboard(this, kKeyboardTries);
     if (!m_view)
         return launch(launcher);
     m_view->setFocus();

@@ -37,7 +37,7 @@ const std::string SessionId(64, '0');
 
 /// The service with the demonstration's data and a session whose id the corpus knows.
 struct Subject {
-    testing::TempFolder folder;
+    disclosure::testing::TempFolder folder;
     SqliteDatabase database{folder.file("fuzz.db")};
     FileFolder files{folder.file("files")};
     Service service{{{}, {}, [] { return Now; }, Passwords::Cost::Lowest}, files};
