@@ -63,10 +63,11 @@ void inModal(const QString& what, const std::function<void()>& open, const std::
         expectKeyboardIn(before);
 }
 
-QQuickView* findView(const QString& title) {
+/// The window of that title, unless it is the opener, which may be titled so too.
+QQuickView* findView(const QString& title, const QWindow* opener) {
     const auto windows = QGuiApplication::allWindows();
     for (QWindow* window : windows)
-        if (auto* view = qobject_cast<QQuickView*>(window); view && view->isExposed())
+        if (auto* view = qobject_cast<QQuickView*>(window); view && view != opener && view->isExposed())
             if (support::findItem(view->contentItem(), support::has("title", title)))
                 return view;
     return nullptr;
@@ -258,8 +259,9 @@ void View::clickEdit() {
 }
 
 void inDialog(const QString& title, const std::function<void()>& open, const std::function<void(View&)>& steps) {
+    const QPointer<QWindow> opener = QGuiApplication::focusWindow();
     inModal(title, open, [&] {
-        QQuickView* view = findView(title);
+        QQuickView* view = findView(title, opener);
         if (!view || qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
             return false;  // a message is answered first
         expectKeyboardIn(view);

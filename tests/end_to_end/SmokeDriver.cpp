@@ -38,8 +38,10 @@ private:
                 walkCatalogs(view, m_service);
                 walkTaskList(view, m_service);
                 walkTaskLife(view, m_service);
+                walkDocuments(view, m_service);
                 walkReminders(view, m_service);
             });
+        walkDocumentPage();
         walkMessages(m_service);
         std::puts("smoke: all is as it should be");
         qApp->closeAllWindows();
