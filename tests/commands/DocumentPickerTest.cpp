@@ -297,8 +297,17 @@ TEST_F(DocumentPicker, FoldersAreSearchedWithTheWayToThem) {
         EXPECT_EQ(asked(), "0||||||1x15") << "it is out of sight";
         find("没有");
         EXPECT_TRUE(window->text("没有找到“没有”"));
+        window->click(window->find("objectName", "next"));
+        settle();
+        EXPECT_EQ(asked(), "0||||||1x15") << "no folder is selected";
         window->click("清除搜索");
         settle();
+        EXPECT_EQ(asked(), "0||||||2x15") << "what the paging bar says";
         EXPECT_TRUE(window->text("安全"));
+        find("一号");
+        window->click("一号楼");
+        find("");
+        EXPECT_EQ(asked(), "tower||||||1x15");
+        EXPECT_TRUE(window->text("一号楼")) << "the way to the selected folder is open";
     });
 }

@@ -101,8 +101,13 @@ void CConnectDocModel::setCurTreeIndex(const QModelIndex& index) {
     m_current = index;
     emit curTreeIndexChanged();
     const CFolderTreeNode* folder = m_folders.folderOf(index);
-    if (!folder || folder->folderId() == m_folderId)
+    if (!folder)
         return;
+    if (folder->folderId() == m_folderId) {
+        if (m_isDue)
+            refresh();
+        return;
+    }
     m_folderId = folder->folderId();
     if (m_users.reset())
         emit currentUserSelectionChanged();
@@ -168,7 +173,8 @@ void CConnectDocModel::runQuery() {
     auto* manager = fileList();
     if (!manager && !m_page)
         m_reading.findNone(tr("此程序没有资料库"), false);
-    if (!manager || !m_folders.folderOf(m_current))
+    m_isDue = !m_folders.folderOf(m_current);
+    if (!manager || m_isDue)
         return;
     if (!m_limit && isInverted()) {
         if (m_shownFolderId != m_folderId)  // whose documents would be taken for this one's

@@ -170,6 +170,7 @@ private:
     QString m_folderId;        // of the folder selected last
     QString m_shownFolderId;   // of the folder whose documents are shown
     QString m_updatersFolder;  // whose updaters are offered
+    bool m_isDue = false;      // something was asked for while no folder was selected
     bool m_areFoldersRead = false;
     bool m_areTypesRead = false;
     bool m_areTagsRead = false;

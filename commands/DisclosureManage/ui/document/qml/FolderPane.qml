@@ -7,11 +7,13 @@ import UI 1.0
 ColumnLayout {
     id: pane
 
+    // Of many folders only the way to the selected one is open.
     function showFolders() {
         if (connectDocMode.folderTreeModel.opensAll())
             tree.expandToDepth(1000)
         else
-            tree.expand(connectDocMode.defaultIndex)
+            for (var index = connectDocMode.defaultIndex; index.valid; index = index.parent)
+                tree.expand(index)
         choose(connectDocMode.defaultIndex)
     }
 
