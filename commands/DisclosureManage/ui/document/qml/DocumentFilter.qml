@@ -13,7 +13,7 @@ RowLayout {
 
     signal chosen(var choice)
 
-    spacing: 4
+    spacing: 10
 
     UxLabel { id: label }
     UxComboBox {
