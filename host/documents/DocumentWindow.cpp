@@ -49,9 +49,9 @@ QString copyFile(const QString& from, const QString& to) {
 }
 
 /// A display takes a request for the keyboard only with the time of a recent event, so it is asked repeatedly: without
-/// the keyboard, Escape would go to the dialog behind.
+/// the keyboard, Escape would go to the dialog behind, which makes the windows that belong to it "active" as well.
 void askForKeyboard(QWidget* window, int tries) {
-    if (tries == 0 || !window->isVisible() || window->isActiveWindow())
+    if (tries == 0 || !window->isVisible() || QGuiApplication::focusWindow() == window->windowHandle())
         return;
     window->raise();
     window->activateWindow();
@@ -65,7 +65,7 @@ bool launchOutside(const QString& path) {
 }
 
 DocumentWindow::DocumentWindow(QString path, const QString& name, QWidget* owner)
-    : QDialog(owner, Qt::Window),
+    : QDialog(owner, Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),  // stays above its owner
       m_path(std::move(path)),
       m_name(name),
       m_bar(new QToolBar),

@@ -78,7 +78,7 @@ void Documents::save(const std::string& deptId, std::string id, const std::strin
             throw Refusal(reasons::TooManyContents);
         ++document.contentNumber;
         if (document.extension != file->extension)
-            document.name.replace(document.name.rfind('.') + 1, std::string::npos, file->extension);
+            document.name = checkedName(document.name.substr(0, document.name.rfind('.') + 1) + file->extension, Why);
     }
     take(document, *file);
     if (change.wovenAt)

@@ -81,6 +81,7 @@ inline constexpr Reason UnknownReceiver{422, "接受交底人不是本组织的�
 inline constexpr Reason ReceiverTwice{422, "接受交底人重复"};
 inline constexpr Reason TooManyReceivers{422, "接受交底人不能超过500人"};
 inline constexpr Reason LinkTwice{422, "关联的模型重复"};
+inline constexpr Reason DocTwice{422, "关联的资料重复"};
 inline constexpr Reason TooManyLinks{422, "最多可关联10个视口或构件"};
 inline constexpr Reason TooManyDocs{422, "最多可关联10份资料"};
 inline constexpr Reason TooManyFiles{422, "最多可上传10个附件"};

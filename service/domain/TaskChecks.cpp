@@ -108,7 +108,10 @@ void checkContent(TaskContent& content) {
     checkLinks(content);
     if (content.docs.size() > Tasks::MostDocs)
         throw Refusal(reasons::TooManyDocs);
+    std::set<std::string> documents;
     for (const TaskDoc& doc : content.docs) {
+        if (doc.sourceType == TaskDoc::Filed && !documents.insert(doc.refDocId).second)
+            throw Refusal(reasons::DocTwice);
         checkField(doc.name, LongestFileName);
         for (const std::string* text : {&doc.uuid, &doc.md5, &doc.extension, &doc.refDocId})
             checkField(*text, LongestKey);

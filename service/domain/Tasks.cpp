@@ -193,8 +193,10 @@ void Tasks::checkDocs(const std::string& deptId, const TaskContent& content, con
             const auto file = m_store.file({deptId, doc.uuid});
             if (!file || file->md5 != doc.md5 || file->size != doc.size)
                 throw Refusal(reasons::DocNotStored);
-        } else {
+        } else if (doc.sourceType == TaskDoc::Filed) {
             checkFiled(deptId, doc);
+        } else {
+            throw Refusal(reasons::DocUnknown, doc.name);
         }
     }
 }

@@ -48,7 +48,7 @@ std::vector<std::string> extensionsOf(const std::string& typeName) {
 /// Both bounds are in whole seconds, of which the last is whole as well.
 void readRange(const Call& call, DocumentFilter& filter) {
     constexpr std::int64_t LastSecond = LastDate / Second;
-    const auto from = std::min(numberIn<std::int64_t>(call, "startSeconds", -1), LastSecond + 1);
+    const auto from = std::clamp<std::int64_t>(numberIn<std::int64_t>(call, "startSeconds", -1), -1, LastSecond + 1);
     const auto to = std::min(numberIn<std::int64_t>(call, "endSeconds", -1), LastSecond);
     if (from < 0 && to < 0)
         return;

@@ -328,8 +328,8 @@ const std::vector<Migration> Steps{
             (dept_id, folder_id)) WITHOUT ROWID)",
         "CREATE UNIQUE INDEX doc_folder_name ON doc_folder (dept_id, parent_id, name)",
         "CREATE INDEX doc_folder_depth ON doc_folder (dept_id, depth, name)",
-        // The row is that of the newest content. `loose_since` is when a deleted document lost its last task, or was
-        // deleted if it had none; 0 while it is there or a task links it.
+        // The row is that of the newest content. `loose_since` is when a document was deleted that no task links; 0
+        // while it is there or a task links it.
         R"(CREATE TABLE document (rid INTEGER PRIMARY KEY, dept_id VARCHAR(64) NOT NULL REFERENCES department
             (dept_id), doc_id VARCHAR(64) NOT NULL, folder_id VARCHAR(64) NOT NULL, name VARCHAR(512) NOT NULL,
             search_name VARCHAR(512) NOT NULL, extension VARCHAR(16) NOT NULL, uuid VARCHAR(64) NOT NULL, md5
