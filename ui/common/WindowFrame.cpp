@@ -129,12 +129,10 @@ void WindowFrame::setMayClose(std::function<bool()> mayClose) {
 void WindowFrame::belongTo(const QWidget* opener) {
     m_dialog->winId();  // makes its window
     m_dialog->windowHandle()->setTransientParent(opener->windowHandle());
-    const QRect room = opener->screen()->availableGeometry();
-    m_dialog->setMinimumSize(m_dialog->minimumSize().boundedTo(room.size()));
     m_dialog->adjustSize();
-    m_dialog->resize(m_dialog->size().boundedTo(room.size()));
     QRect place(QPoint(), m_dialog->size());
     place.moveCenter(opener->frameGeometry().center());
+    const QRect room = opener->screen()->availableGeometry();
     place.moveRight(qMin(place.right(), room.right()));
     place.moveBottom(qMin(place.bottom(), room.bottom()));
     m_dialog->move(qMax(place.left(), room.left()), qMax(place.top(), room.top()));

@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QQmlContext>
 #include <QQuickView>
+#include <QScreen>
 
 #include "commands/DisclosureManage/ui/Notice.h"
 #include "sdk/basecore/IBaseCoreData.h"
@@ -14,7 +15,10 @@ void CTaskDialog::publish(const char* name, const QVariant& value) {
 }
 
 void CTaskDialog::load(const char* page, const char* name, QObject* object, QSize minimum, const char* folder) {
-    frame().dialog()->setMinimumSize(minimum);
+    // At 200 % a screen may be smaller than what the page would like to have.
+    const QWidget* host = BASECORE::FRAME::GetMainBaseCore()->GetMainWindow();
+    const QSize room = host->screen()->availableSize().expandedTo(host->size());
+    frame().dialog()->setMinimumSize(minimum.boundedTo(room));
     publish(name, QVariant::fromValue(object));
     frame().load(QStringLiteral("qrc:/commands/DisclosureManage/ui/%1/qml/%2")
                      .arg(QString::fromLatin1(folder), QString::fromLatin1(page)));
