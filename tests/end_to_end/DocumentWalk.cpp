@@ -74,6 +74,7 @@ void show(View& editor) {
 
 void walkDocuments(View& view, ServiceProbe& service) {
     view.selectCatalog("全部");
+    view.expectText(QString("共计%1条数据").arg(service.count("全部")));  // and not the rows of before
     QQuickItem* cell = view.cell([](QQuickItem* item) {
         const QObject* task = View::taskOf(item);
         return !task->property("released").toBool() && item->property("text") == task->property("relFiles") &&
