@@ -335,9 +335,7 @@ public:
                                  {{"disclosureTaskReceiveUserList", people({{"a", "sunli"}, {"b", "liuyang"}})},
                                   {"disclosureTaskViewportList", list({object({{"viewportId", "v"}})})},
                                   {"disclosureTaskNodeList", list({object({{"nodeId", "n"}})})},
-                                  {"disclosureTaskDocList",
-                                   list({docJson("d", "书.pdf", m_uuid, m_files[m_uuid].first, m_files[m_uuid].second),
-                                         filed("s", parent)})}},
+                                  {"disclosureTaskDocList", list({uploaded("d"), filed("s", parent)})}},
                                  parent + "c"));
                     break;
                 case 8:
@@ -348,7 +346,7 @@ public:
                                 {"name", parent + "r"},
                                 {"delDisclosureTaskReceiveUserIds", list({"a"})},
                                 {"saveDisclosureTaskNodeList", list({object({{"id", "m"}, {"nodeId", "m"}})})},
-                                {"saveDisclosureTaskDocList", list({filed("e", parent)})}}));
+                                {"saveDisclosureTaskDocList", list({uploaded("e")})}}));
                     break;
                 case 9:
                     next.erase(old);
@@ -400,6 +398,9 @@ public:
 private:
     static constexpr int Steps = 11;
 
+    Json uploaded(const char* id) {
+        return docJson(id, "书.pdf", m_uuid, m_files[m_uuid].first, m_files[m_uuid].second);
+    }
     Json filed(const char* id, const std::string& parent) {
         return filedJson(id, parent + "d", m_uuid, m_files[m_uuid].first, m_files[m_uuid].second);
     }
